@@ -1,0 +1,71 @@
+#include "catalogue/favourites.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+#include "catalogue/data_files.h"
+#include "core/program_state.h"
+#include "core/texts.h"
+#include "orbit/engine_access.h"
+#include "orbit/orbit_engine.h"
+#include "platform/file_replacement.h"
+#include "platform/text_file.h"
+
+namespace vantrace {
+
+namespace {
+
+constexpr std::size_t nameWidth = 15;
+constexpr std::size_t lastSaved = 499;
+
+}  // namespace
+
+FavouriteLines readFavouriteLines(const ProgramState& state) {
+    const std::string text = readTextFile(dataFile(state, favouritesFile), listLimitBytes);
+    FavouriteLines lines;
+    for (const std::string_view line : splitLines(text)) {
+        const std::string_view name = trimmed(line);
+        if (name.empty()) {
+            continue;
+        }
+        if (engineOf(state).EngineSatelliteList().find(line) != std::string::npos) {
+            lines.qualifying.emplace_back(name);
+        } else {
+            lines.dropped.emplace_back(line);
+        }
+    }
+    return lines;
+}
+
+void LoadFavourites(ProgramState& state) {
+    const FavouriteLines lines = readFavouriteLines(state);
+    std::size_t index = 1;
+    for (const std::string& name : lines.qualifying) {
+        state.Favourites[index].Name = name;
+        ++index;
+    }
+    state.FavouriteCount = static_cast<std::int16_t>(index - 1);
+    for (; index <= state.Favourites.bound; ++index) {
+        state.Favourites[index].Name.clear();
+    }
+    SaveFavourites(state);
+}
+
+void SaveFavourites(ProgramState& state) {
+    std::string text;
+    std::int16_t written = 0;
+    for (std::size_t index = 1; index <= lastSaved; ++index) {
+        const std::string& name = state.Favourites[index].Name;
+        if (trimmed(name).empty()) {
+            continue;
+        }
+        text += std::string_view(name).substr(0, nameWidth);
+        text += lineEnd;
+        ++written;
+    }
+    replaceFile(dataFile(state, favouritesFile), text);
+    state.FavouriteCount = written;
+}
+
+}  // namespace vantrace

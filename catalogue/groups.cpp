@@ -1,0 +1,49 @@
+#include "catalogue/groups.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "catalogue/data_files.h"
+#include "core/program_state.h"
+#include "core/texts.h"
+#include "platform/file_replacement.h"
+#include "platform/text_file.h"
+
+namespace vantrace {
+
+void LoadGroups(ProgramState& state) {
+    constexpr std::size_t lastCleared = 20;
+    const std::string text = readTextFile(dataFile(state, groupsFile), listLimitBytes);
+    std::size_t index = 1;
+    for (const std::string_view line : splitLines(text)) {
+        if (trimmed(line).empty()) {
+            break;
+        }
+        GroupRecord& group = state.Groups[index];
+        group.Name = GetDelimitedWord(line, 1, ",");
+        group.Url = trimmed(GetDelimitedWord(line, 2, ","));
+        group.Flag = line.back();
+        ++index;
+    }
+    state.GroupCount = static_cast<std::int16_t>(index - 1);
+    for (; index <= lastCleared; ++index) {
+        state.Groups[index].Name.clear();
+    }
+}
+
+void SaveGroups(const ProgramState& state) {
+    std::string text;
+    for (std::int16_t index = 1; index <= state.GroupCount; ++index) {
+        const GroupRecord& group = state.Groups[index];
+        if (trimmed(group.Name).empty()) {
+            continue;
+        }
+        text += group.Name + "," + group.Url + "," + group.Flag;
+        text += lineEnd;
+    }
+    replaceFile(dataFile(state, groupsFile), text);
+}
+
+}  // namespace vantrace

@@ -1,0 +1,26 @@
+// What the routines of the program work with, handed to them by whoever composed it.
+#pragma once
+
+#include "core/error_log.h"
+#include "core/window_registry.h"
+#include "platform/clock.h"
+#include "platform/dialogs.h"
+#include "platform/event_queue.h"
+#include "platform/machine_format.h"
+#include "platform/settings_store.h"
+#include "platform/speech.h"
+
+namespace vantrace {
+
+struct Services {
+    Clock& clock;
+    EventQueue& events;
+    SettingsStore& settings;
+    Speech& speech;
+    Dialogs& dialogs;
+    ErrorLog& errorLog;
+    WindowRegistry& windows;
+    MachineFormat format;
+};
+
+}  // namespace vantrace

@@ -1,0 +1,40 @@
+// All services of the program as fakes, and a program folder of their own.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "core/error_log.h"
+#include "core/services.h"
+#include "core/window_registry.h"
+#include "tests/support/fake_clock.h"
+#include "tests/support/memory_settings_store.h"
+#include "tests/support/recording_ports.h"
+#include "tests/support/temporary_folder.h"
+
+namespace vantrace {
+
+struct TestServices {
+    explicit TestServices(MachineFormat format = {});
+    TestServices(const TestServices&) = delete;
+    TestServices& operator=(const TestServices&) = delete;
+
+    /// The lines of error.log, without their ends.
+    std::vector<std::string> logLines() const;
+    /// How many of them end in that label.
+    int logged(std::string_view label) const;
+
+    /// The program folder: error.log lies here.
+    TemporaryFolder folder;
+    FakeClock clock;
+    CountingEventQueue events;
+    MemorySettingsStore settings;
+    RecordingSpeech speech;
+    RecordingDialogs dialogs;
+    WindowRegistry windows;
+    ErrorLog errorLog;
+    /// What routines are handed.
+    Services services;
+};
+
+}  // namespace vantrace
