@@ -3,14 +3,29 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <cstdint>
 #include <cstdio>
 
 namespace vantrace {
 
+namespace {
+
+/// std::floor is a call on processors without a rounding instruction; for whole numbers that fit, this isn't.
+double floorOf(double x) {
+    constexpr double exactIntegers = 0x1p52;
+    if (!(std::abs(x) < exactIntegers)) {
+        return std::floor(x);
+    }
+    const auto whole = static_cast<double>(static_cast<std::int64_t>(x));
+    return whole > x ? whole - 1.0 : whole;
+}
+
+}  // namespace
+
 Instant instantFromJulianDate(double julianDate, double addedDays) {
-    const double midnight = std::floor(julianDate - 0.5) + 0.5;
+    const double midnight = floorOf(julianDate - 0.5) + 0.5;
     const double fraction = (julianDate - midnight) + addedDays;
-    const double wholeDays = std::floor(fraction);
+    const double wholeDays = floorOf(fraction);
     Instant result{midnight + wholeDays, fraction - wholeDays};
     if (result.fraction >= 1.0) {  // a negative fraction too small to be told from 0
         result = {result.day + 1.0, 0.0};

@@ -33,20 +33,16 @@ bool isDescending(const StateVector& state) {
 }
 
 TrackResult trackResult(const Observer& observer, const StateVector& state, double siderealTime) {
-    const SinCos greenwich = sinCos(siderealTime);
-    const LookAngles look = lookAngles(observer, state, greenwich);
-    const Vector3& r = state.positionKm;
-    const GeodeticPoint subPoint = geodeticPoint(
-        {r.x * greenwich.cos + r.y * greenwich.sin, r.y * greenwich.cos - r.x * greenwich.sin, r.z});
+    const Whereabouts where = whereabouts(observer, state, sinCos(siderealTime));
     TrackResult result;
     result.descending = isDescending(state);
-    result.azimuthRad = look.azimuthRad;
-    result.elevationRad = look.elevationRad;
-    result.longitudeRad = subPoint.longitudeRad;
-    result.latitudeRad = subPoint.latitudeRad;
-    result.rangeKm = look.rangeKm;
-    result.rangeRateKmS = look.rangeRateKmS;
-    result.heightKm = subPoint.heightKm;
+    result.azimuthRad = where.azimuthRad;
+    result.elevationRad = where.elevationRad;
+    result.longitudeRad = where.longitudeRad;
+    result.latitudeRad = where.latitudeRad;
+    result.rangeKm = where.rangeKm;
+    result.rangeRateKmS = where.rangeRateKmS;
+    result.heightKm = where.heightKm;
     return result;
 }
 
@@ -69,6 +65,7 @@ void OrbitEngine::EngineSetKepPath(const std::string& folder) {
     EngineOrbitPhase();  // while the satellite of the last track is still there
     if (m_catalogue->refresh(folder)) {
         m_last.satellite = nullptr;
+        m_lastAsked = nullptr;
         m_asked.clear();
         m_satellites.clear();
     }
@@ -106,8 +103,11 @@ void OrbitEngine::setObserver(double latitudeDeg, double longitudeDeg, double he
 
 Satellite& OrbitEngine::satelliteOf(std::string_view name) {
     const std::string_view asked = trimmedBlanks(name);
+    if (m_lastAsked != nullptr && *m_lastAsked == asked) {
+        return *m_lastSatellite;
+    }
     if (const auto known = m_asked.find(asked); known != m_asked.end()) {
-        return *known->second;
+        return remember(*known);
     }
     const CatalogueEntry* entry = m_catalogue->find(asked);
     if (entry == nullptr) {
@@ -117,8 +117,13 @@ Satellite& OrbitEngine::satelliteOf(std::string_view name) {
     if (!satellite) {
         satellite = std::make_unique<Satellite>(*entry->set);
     }
-    m_asked.emplace(asked, satellite.get());
-    return *satellite;
+    return remember(*m_asked.emplace(asked, satellite.get()).first);
+}
+
+Satellite& OrbitEngine::remember(const std::pair<const std::string, Satellite*>& asked) {
+    m_lastAsked = &asked.first;
+    m_lastSatellite = asked.second;
+    return *m_lastSatellite;
 }
 
 TrackResult OrbitEngine::EngineTrack(std::string_view name, double engineTime, int /*reserved1*/,

@@ -9,6 +9,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
 
 #include "orbit/earth/look_angles.h"
 #include "orbit/instant.h"
@@ -96,6 +97,7 @@ class OrbitEngine {
     };
 
     Satellite& satelliteOf(std::string_view name);
+    Satellite& remember(const std::pair<const std::string, Satellite*>& asked);
     std::unique_ptr<Mover> moverOf(std::string_view name, const Instant& from);
     TrackResult trackSatellite(std::string_view name, const Instant& time);
     TrackResult trackBody(SkyBody body, const Instant& time);
@@ -108,6 +110,9 @@ class OrbitEngine {
     /// Satellites that have been asked for, by their own names and by the names they were asked by.
     std::unordered_map<std::string_view, std::unique_ptr<Satellite>> m_satellites;
     std::unordered_map<std::string, Satellite*, NameHash, std::equal_to<>> m_asked;
+    /// The same satellite is mostly asked for again.
+    const std::string* m_lastAsked = nullptr;
+    Satellite* m_lastSatellite = nullptr;
     Observer m_observer;
     double m_latitudeDeg = 0.0;
     double m_longitudeDeg = 0.0;

@@ -55,23 +55,33 @@ void storePosition(ProgramState& state, const TrackResult& track) {
     state.SatLatitude = RadToDeg(track.latitudeRad);
 }
 
+/// The part of the orbit that the tracked object has flown, 0 up to 1.
+std::optional<double> orbitFraction(ProgramState& state, ErrorLabel& label) {
+    std::optional<double> fraction;
+    label.step([&] {
+        const double wholeOrbits = std::floor(engineOf(state).EngineOrbitPhase());
+        fraction = engineOf(state).EngineOrbitPhase() - wholeOrbits;
+    });
+    return fraction;
+}
+
 void storeOrbit(ProgramState& state, Services& services, ErrorLabel& label) {
-    double wholeOrbits = 0.0;
-    double orbits = 0.0;
-    label.step([&] { wholeOrbits = std::floor(engineOf(state).EngineOrbitPhase()); });
-    label.step([&] { orbits = engineOf(state).EngineOrbitPhase(); });
-    const double fraction = orbits - wholeOrbits;
+    const std::optional<double> fraction = orbitFraction(state, label);
     label.step([&] {
         const Vector3 positionKm = engineOf(state).EngineStateVector().positionKm;
         state.SatVectorX = positionKm.x;
         state.SatVectorY = positionKm.y;
         state.SatVectorZ = positionKm.z;
     });
-    label.step([&] { state.SatPhase255 = numberValue(formatNumber(fraction * 255.0, "0.00")); });
+    if (fraction) {
+        label.step([&] { state.SatPhase255 = numberValue(formatNumber(*fraction * 255.0, "0.00")); });
+    }
     label.step([&] { state.SatOrbitNumber = std::to_string(engineOf(state).EngineOrbitNumber()); });
-    label.step([&] {
-        state.SatPhase360 = formatNumber(fraction * fullCircleDeg, "0.00", services.format.decimalMark);
-    });
+    if (fraction) {
+        label.step([&] {
+            state.SatPhase360 = formatNumber(*fraction * fullCircleDeg, "0.00", services.format.decimalMark);
+        });
+    }
 }
 
 /// Puts the engine's observer at a place: degrees north, degrees WEST, the height as the engine is to have

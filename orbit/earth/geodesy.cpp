@@ -2,8 +2,6 @@
 
 #include <cmath>
 
-#include "orbit/elements/element_set.h"
-
 namespace vantrace {
 
 Vector3 earthFixedPosition(const GeodeticPoint& point) {
@@ -16,49 +14,33 @@ Vector3 earthFixedPosition(const GeodeticPoint& point) {
             (normal * (1.0 - wgs84::eccentricity2) + point.heightKm) * sinLatitude};
 }
 
-GeodeticPoint geodeticPoint(const Vector3& p) {
+GeodeticFoot geodeticFoot(const Vector3& p) {
     constexpr double a = wgs84::equatorialRadiusKm;
     constexpr double b = wgs84::polarRadiusKm;
     constexpr double secondEccentricity2 = (a * a - b * b) / (b * b);
-    const double axisDistance = std::hypot(p.x, p.y);
-    const double radius = std::hypot(axisDistance, p.z);
-    GeodeticPoint point;
-    if (axisDistance > 0.0) {
-        const double longitude = std::atan2(p.y, p.x);
-        point.longitudeRad = longitude < 0.0 ? longitude + twoPi : longitude;
-        if (point.longitudeRad >= twoPi) {
-            point.longitudeRad = 0.0;
-        }
-    }
+    const double axisDistance2 = p.x * p.x + p.y * p.y;
+    const double axisDistance = std::sqrt(axisDistance2);
+    const double radius = std::sqrt(axisDistance2 + p.z * p.z);
     if (radius < 1.0) {
-        point.heightKm = radius - a;
-        return point;
+        return {0.0, 1.0, radius - a};
     }
     // Bowring, "The accuracy of geodetic latitude and height equations", Survey Review 28 (1985): the parametric
-    // latitude of the foot, good at any height, then one closed step; twice, for what lies deep or far.
-    double tanParametric = (b * p.z / (a * axisDistance)) * (1.0 + secondEccentricity2 * b / radius);
-    double tanLatitude = 0.0;
-    for (int step = 0; step < 2; ++step) {
-        const double cosParametric = 1.0 / std::sqrt(1.0 + tanParametric * tanParametric);
-        const double sinParametric =
-            axisDistance > 0.0 ? tanParametric * cosParametric : std::copysign(1.0, p.z);
-        const double numerator = p.z + secondEccentricity2 * b * sinParametric * sinParametric * sinParametric;
-        const double denominator =
-            axisDistance - wgs84::eccentricity2 * a * cosParametric * cosParametric * cosParametric;
-        tanLatitude = numerator / denominator;
-        tanParametric = (1.0 - wgs84::flattening) * tanLatitude;
-    }
-    if (axisDistance <= 0.0) {
-        point.latitudeRad = std::copysign(pi / 2.0, p.z);
-        point.heightKm = std::abs(p.z) - b;
-        return point;
-    }
-    const double cosLatitude = 1.0 / std::sqrt(1.0 + tanLatitude * tanLatitude);
-    const double sinLatitude = tanLatitude * cosLatitude;
-    point.latitudeRad = std::atan(tanLatitude);
-    point.heightKm = axisDistance * cosLatitude + p.z * sinLatitude -
-                     a * std::sqrt(1.0 - wgs84::eccentricity2 * sinLatitude * sinLatitude);
-    return point;
+    // latitude of the foot, good at any height, then one closed step. Sines and cosines stand as they are, unscaled,
+    // so that the poles need no care.
+    const double sinParametric = b * p.z * (radius + secondEccentricity2 * b);
+    const double cosParametric = a * axisDistance * radius;
+    const double parametricScale =
+        1.0 / std::sqrt(sinParametric * sinParametric + cosParametric * cosParametric);
+    const double s = sinParametric * parametricScale;
+    const double c = cosParametric * parametricScale;
+    const double north = p.z + secondEccentricity2 * b * s * s * s;
+    const double outward = axisDistance - wgs84::eccentricity2 * a * c * c * c;
+    const double scale = 1.0 / std::sqrt(north * north + outward * outward);
+    const double sinLatitude = north * scale;
+    const double cosLatitude = outward * scale;
+    const double height = axisDistance * cosLatitude + p.z * sinLatitude -
+                          a * std::sqrt(1.0 - wgs84::eccentricity2 * sinLatitude * sinLatitude);
+    return {sinLatitude, cosLatitude, height};
 }
 
 }  // namespace vantrace

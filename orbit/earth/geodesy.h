@@ -15,15 +15,22 @@ inline constexpr double polarRadiusKm = equatorialRadiusKm * (1.0 - flattening);
 /// A place by the WGS-84 ellipsoid: rad, north and east positive; km above the ellipsoid.
 struct GeodeticPoint {
     double latitudeRad = 0.0;
-    double longitudeRad = 0.0;  ///< 0 up to 2 pi where it is a result
+    double longitudeRad = 0.0;
     double heightKm = 0.0;
 };
 
 /// Earth-fixed (ECEF) position, km.
 Vector3 earthFixedPosition(const GeodeticPoint& point);
 
-/// Geodetic place of an earth-fixed position, to better than 1e-11 rad and 1 mm from the ground up (Bowring 1985).
-/// At the earth's centre the result is the equator at -6378.137 km.
-GeodeticPoint geodeticPoint(const Vector3& positionKm);
+/// Geodetic latitude, as its sine and cosine, and height of an earth-fixed position.
+struct GeodeticFoot {
+    double sinLatitude;
+    double cosLatitude;
+    double heightKm;
+};
+
+/// From the ground up to better than 1e-9 rad and 1 mm (Bowring 1985). At the earth's centre the result is the
+/// equator at -6378.137 km.
+GeodeticFoot geodeticFoot(const Vector3& positionKm);
 
 }  // namespace vantrace

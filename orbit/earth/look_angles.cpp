@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "orbit/arc_tangent.h"
 #include "orbit/earth/earth_rotation.h"
 #include "orbit/elements/element_set.h"
 
@@ -16,28 +17,44 @@ Observer::Observer(const GeodeticPoint& place)
     m_equatorDistanceKm = onMeridian.z;
 }
 
-LookAngles lookAngles(const Observer& observer, const StateVector& state, const SinCos& greenwich) {
+namespace {
+
+/// An angle of -pi to pi as one of 0 up to 2 pi; a tiny negative one rounds up to the full turn, which is 0.
+double positiveAngle(double angle) {
+    const double positive = angle < 0.0 ? angle + twoPi : angle;
+    return positive >= twoPi ? 0.0 : positive;
+}
+
+}  // namespace
+
+Whereabouts whereabouts(const Observer& observer, const StateVector& state, const SinCos& greenwich) {
     const SinCos sidereal = observer.localSiderealTime(greenwich);
     const Vector3 site{observer.axisDistanceKm() * sidereal.cos, observer.axisDistanceKm() * sidereal.sin,
                        observer.equatorDistanceKm()};
     const Vector3 line = state.positionKm - site;
     const Vector3 lineRate = state.velocityKmS - Vector3{-earthRotationRadPerS * site.y,
                                                          earthRotationRadPerS * site.x, 0.0};
-    // Components along the meridian's plane, then south-north and up.
+    // Components along the meridian's plane, then east, north and up.
     const double outward = line.x * sidereal.cos + line.y * sidereal.sin;
-    const double east = -line.x * sidereal.sin + line.y * sidereal.cos;
+    const double east = line.y * sidereal.cos - line.x * sidereal.sin;
     const double north = line.z * observer.cosLatitude() - outward * observer.sinLatitude();
     const double up = outward * observer.cosLatitude() + line.z * observer.sinLatitude();
-    LookAngles look{};
-    look.rangeKm = norm(line);
-    look.rangeRateKmS = look.rangeKm > 0.0 ? dot(line, lineRate) / look.rangeKm : 0.0;
-    const double azimuth = std::atan2(east, north);
-    look.azimuthRad = azimuth < 0.0 ? azimuth + twoPi : azimuth;
-    if (look.azimuthRad >= twoPi) {  // a tiny negative angle rounds up to the full turn
-        look.azimuthRad = 0.0;
-    }
-    look.elevationRad = std::atan2(up, std::sqrt(east * east + north * north));
-    return look;
+    const double range = norm(line);
+
+    const Vector3& r = state.positionKm;
+    const Vector3 fixed{r.x * greenwich.cos + r.y * greenwich.sin, r.y * greenwich.cos - r.x * greenwich.sin,
+                        r.z};
+    const GeodeticFoot foot = geodeticFoot(fixed);
+    const AnglePair around = arcTangents(east, north, fixed.y, fixed.x);
+    const AnglePair above =
+        arcTangents(up, std::sqrt(east * east + north * north), foot.sinLatitude, foot.cosLatitude);
+    return {positiveAngle(around.first),
+            above.first,
+            range,
+            range > 0.0 ? dot(line, lineRate) / range : 0.0,
+            above.second,
+            positiveAngle(around.second),
+            foot.heightKm};
 }
 
 }  // namespace vantrace

@@ -30,15 +30,18 @@ class Observer {
     double m_equatorDistanceKm;
 };
 
-/// Where an object stands in the observer's sky: geometric, without refraction.
-struct LookAngles {
+/// Where an object stands: in the observer's sky, geometric, without refraction, and over the earth.
+struct Whereabouts {
     double azimuthRad;    ///< from north through east, 0 up to 2 pi
     double elevationRad;
     double rangeKm;
     double rangeRateKmS;  ///< against the observer, who turns with the earth
+    double latitudeRad;   ///< of the sub-point, geodetic
+    double longitudeRad;  ///< of the sub-point, east positive, 0 up to 2 pi
+    double heightKm;      ///< above the ellipsoid
 };
 
-/// `state` in the frame of the true or mean equator that `greenwich` (sidereal time of Greenwich) belongs to.
-LookAngles lookAngles(const Observer& observer, const StateVector& state, const SinCos& greenwich);
+/// `state` in the frame of the equator that `greenwich` (sidereal time of Greenwich) belongs to.
+Whereabouts whereabouts(const Observer& observer, const StateVector& state, const SinCos& greenwich);
 
 }  // namespace vantrace

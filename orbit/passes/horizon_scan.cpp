@@ -69,10 +69,10 @@ bool HorizonScan::sample(double seconds, HorizonSample& result) {
     return true;
 }
 
-LookAngles HorizonScan::lookAt(double seconds) {
+Whereabouts HorizonScan::lookAt(double seconds) {
     StateVector state;
     m_mover.stateAt(seconds, state);
-    return lookAngles(m_observer, state, addAngles(m_siderealAtStart, sinCos(earthRotationRadPerS * seconds)));
+    return whereabouts(m_observer, state, addAngles(m_siderealAtStart, sinCos(earthRotationRadPerS * seconds)));
 }
 
 std::optional<HorizonEvent> HorizonScan::next(double limitSeconds) {

@@ -44,7 +44,7 @@ class HorizonScan {
     double failureSeconds() const { return m_failureSeconds; }
 
     bool sample(double seconds, HorizonSample& result);
-    LookAngles lookAt(double seconds);
+    Whereabouts lookAt(double seconds);
     /// The moment of greatest elevation between two moments, and that elevation's sine.
     HorizonSample greatestElevation(double fromSeconds, double toSeconds);
 

@@ -58,7 +58,7 @@ class PassCollector {
     }
 
     PassPoint point(double seconds) {
-        const LookAngles look = m_scan.lookAt(seconds);
+        const Whereabouts look = m_scan.lookAt(seconds);
         return {plusSeconds(m_from, seconds), look.azimuthRad, look.elevationRad};
     }
 

@@ -1,5 +1,7 @@
 #include "orbit/next_pass.h"
 
+#include <cmath>
+
 #include "core/date_time.h"
 #include "core/error_label.h"
 #include "core/labels.h"
@@ -64,16 +66,17 @@ TEST_F(NextPassTest, AgreesWithTheEnginesNextRiseAndSet) {
     const double now = NowUTC(services.clock);
     const double riseUtc = state.OrbitEngine->EngineNextAOS("ISS (ZARYA)", now);
     const double setUtc = state.OrbitEngine->EngineNextLOS("ISS (ZARYA)", riseUtc);
-    const auto secondOf = [](double dateTime) { return std::lround(dateTime * 86400.0) % 86400; };
+    const auto secondOf = [](double dateTime) {
+        return static_cast<double>(std::lround(dateTime * 86400.0) % 86400);
+    };
     const auto asSeconds = [](const std::string& text) {
-        return 3600 * std::stol(text) + 60 * std::stol(text.substr(3)) + std::stol(text.substr(6));
+        return 3600.0 * std::stoi(text) + 60.0 * std::stoi(text.substr(3)) + std::stoi(text.substr(6));
     };
     ASSERT_EQ(rise.size(), 8U);
     EXPECT_NEAR(asSeconds(rise), secondOf(riseUtc + 2.0 / 24.0), 1) << "local time";
     ASSERT_EQ(length.size(), 9U);
     EXPECT_EQ(length.substr(2, 4) + length.substr(8), "m : s");
-    EXPECT_NEAR(static_cast<double>(60 * std::stol(length) + std::stol(length.substr(6))),
-                (setUtc - riseUtc) * 86400.0, 1.5);
+    EXPECT_NEAR(60.0 * std::stoi(length) + std::stoi(length.substr(6)), (setUtc - riseUtc) * 86400.0, 1.5);
     EXPECT_GE(elevation.size(), 2U);
     EXPECT_LE(std::stoi(elevation), 90);
     EXPECT_TRUE(fakes.logLines().empty());

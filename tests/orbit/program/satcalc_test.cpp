@@ -163,11 +163,13 @@ TEST_F(SatcalcTest, WithoutAnEngineOnlyTheLogTells) {
     calculate(station, true);
     const double longitude = state.SatLongitude;
     const std::string orbitNumber = state.SatOrbitNumber;
+    const std::string phase360 = state.SatPhase360;
     state.OrbitEngine.reset();
     calculate(station, true);
     EXPECT_GT(fakes.logged(labels::globalSatcalc), 5) << "one line for each statement that failed";
     EXPECT_EQ(state.SatLongitude, longitude);
     EXPECT_EQ(state.SatOrbitNumber, orbitNumber);
+    EXPECT_EQ(state.SatPhase360, phase360);
 }
 
 }  // namespace
