@@ -30,9 +30,10 @@ std::string monthDayYearText(double localDateTime);
 /// The day of the year of a date "MM-DD-YYYY". Every year that 4 divides counts as a leap year.
 std::int32_t DayOfYear(std::string_view monthDayYear);
 
-/// Day of the year of the epoch in a line 1, to whole days by the decimals that stand in front of the columns
-/// that its point leads to: 128.5 is 128 and 128.6 is 129. Throws std::invalid_argument without a point at
-/// column 19 or later, std::range_error for a number beyond 32 bits.
+/// Day of the year of the epoch in a line 1: as many characters from column 21 as its first point lies behind
+/// column 19, to the nearest whole number, halves to even. So with the point in its usual column 24 one
+/// decimal counts: 128.5 is 128, 128.6 is 129. Throws std::invalid_argument without a point at column 19 or
+/// later, std::range_error for a number beyond 32 bits.
 std::int32_t elementEpochDay(std::string_view line1);
 
 /// 2000 and the two digits of the epoch in a line 1. Throws std::invalid_argument where there are none.

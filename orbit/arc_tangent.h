@@ -25,11 +25,12 @@ inline Pair absolute(Pair x) {
 
 inline Pair withSignOf(Pair magnitude, Pair sign) {
     const PairBits signBit = {0x8000000000000000U, 0x8000000000000000U};
-    return std::bit_cast<Pair>(std::bit_cast<PairBits>(magnitude) | (std::bit_cast<PairBits>(sign) & signBit));
+    return std::bit_cast<Pair>(std::bit_cast<PairBits>(magnitude) |
+                               (std::bit_cast<PairBits>(sign) & signBit));
 }
 
-/// atan(t) for |t| <= tan(pi/8): t + t^3 times the polynomial that meets (atan(t)/t - 1)/t^2 at the eleven Chebyshev
-/// nodes of that range; relative error below 5e-18 before rounding.
+/// atan(t) for |t| <= tan(pi/8): t + t^3 times the polynomial that meets (atan(t)/t - 1)/t^2 at the eleven
+/// Chebyshev nodes of that range; relative error below 5e-18 before rounding.
 inline Pair arcTangentNearZero(Pair t) {
     const Pair u = t * t;
     const Pair u2 = u * u;

@@ -38,7 +38,9 @@ Instant instantFromDayNumber(double dayNumber) {
     return instantFromJulianDate(julianDateOfDayNumberZero + wholeDays, dayNumber - wholeDays);
 }
 
-double dayNumber(const Instant& time) { return (time.day - julianDateOfDayNumberZero) + time.fraction; }
+double dayNumber(const Instant& time) {
+    return (time.day - julianDateOfDayNumberZero) + time.fraction;
+}
 
 Instant plusSeconds(const Instant& time, double seconds) {
     return instantFromJulianDate(time.day, time.fraction + seconds / secondsPerDay);
@@ -61,7 +63,8 @@ double julianDateOfMidnight(int year, int month, int day) {
 
 Instant instantFromCalendar(const CalendarTime& time) {
     const double seconds = time.hour * 3600.0 + time.minute * 60.0 + time.second;
-    return instantFromJulianDate(julianDateOfMidnight(time.year, time.month, time.day), seconds / secondsPerDay);
+    return instantFromJulianDate(julianDateOfMidnight(time.year, time.month, time.day),
+                                 seconds / secondsPerDay);
 }
 
 CalendarTime calendarTime(const Instant& time, int decimals) {

@@ -71,9 +71,13 @@ void OrbitEngine::EngineSetKepPath(const std::string& folder) {
     }
 }
 
-std::int32_t OrbitEngine::EngineSatelliteCount() const { return m_catalogue->satelliteCount(); }
+std::int32_t OrbitEngine::EngineSatelliteCount() const {
+    return m_catalogue->satelliteCount();
+}
 
-const std::string& OrbitEngine::EngineSatelliteList() const { return m_catalogue->nameList(); }
+const std::string& OrbitEngine::EngineSatelliteList() const {
+    return m_catalogue->nameList();
+}
 
 void OrbitEngine::EngineSetLatitude(double latitudeDeg) {
     if (!(std::abs(latitudeDeg) <= 90.0)) {
@@ -82,7 +86,9 @@ void OrbitEngine::EngineSetLatitude(double latitudeDeg) {
     setObserver(latitudeDeg, m_longitudeDeg, m_heightM);
 }
 
-double OrbitEngine::EngineGetLongitude() const { return m_longitudeDeg; }
+double OrbitEngine::EngineGetLongitude() const {
+    return m_longitudeDeg;
+}
 
 void OrbitEngine::EngineSetLongitude(double longitudeDeg) {
     setObserver(m_latitudeDeg, finite(longitudeDeg, "longitude"), m_heightM);
@@ -183,7 +189,9 @@ double OrbitEngine::EngineOrbitPhase() const {
     return m_last.orbitCount;
 }
 
-StateVector OrbitEngine::EngineStateVector() const { return m_last.propagated.state; }
+StateVector OrbitEngine::EngineStateVector() const {
+    return m_last.propagated.state;
+}
 
 StateVector OrbitEngine::stateAt(std::string_view name, double minutesFromEpoch) {
     Satellite& satellite = satelliteOf(name);
@@ -192,7 +200,8 @@ StateVector OrbitEngine::stateAt(std::string_view name, double minutesFromEpoch)
         satellite.propagator().propagate(finite(minutesFromEpoch, "minutes"), propagated);
     if (status != PropagationStatus::ok) {
         throw EngineError(satellite.elements().name,
-                          plusSeconds(satellite.elements().epoch, minutesFromEpoch * 60.0), reasonText(status));
+                          plusSeconds(satellite.elements().epoch, minutesFromEpoch * 60.0),
+                          reasonText(status));
     }
     return propagated.state;
 }

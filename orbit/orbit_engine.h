@@ -73,8 +73,8 @@ class OrbitEngine {
     double EngineNextAOS(std::string_view name, double timeUtc);
     double EngineNextLOS(std::string_view name, double timeUtc);
 
-    /// The same searches without the loss of the text and day-number forms. A failure within the span is told in the
-    /// result; one at its start throws.
+    /// The same searches without the loss of the text and day-number forms. A failure within the span is told
+    /// in the result; one at its start throws.
     PassSearchResult passes(std::string_view name, const Instant& from, double days);
     EventSearchResult nextRise(std::string_view name, const Instant& from);
     EventSearchResult nextSet(std::string_view name, const Instant& from);

@@ -13,9 +13,9 @@ class Satellite {
     const ElementSet& elements() const { return m_elements; }
     Propagator& propagator() { return m_propagator; }
 
-    /// Orbits since launch with their fraction, counted from ascending node to ascending node, for a state that the
-    /// propagator gave: the set's revolution number holds at its epoch. By the true argument of latitude; within half
-    /// a degree of the equator's plane, where the node is lost, by the mean one.
+    /// Orbits since launch with their fraction, counted from ascending node to ascending node, for a state
+    /// that the propagator gave: the set's revolution number holds at its epoch. By the true argument of
+    /// latitude; within half a degree of the equator's plane, where the node is lost, by the mean one.
     double orbitCount(const Propagated& propagated) const;
 
   private:

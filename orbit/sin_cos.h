@@ -55,8 +55,8 @@ inline SinCosOf<Real> sinCosNearZero(Real r) {
 template <class Real>
 inline SinCosOf<Real> sinCosReduced(Real x) {
     using Bits = typename BitsOf<Real>::type;
-    // The nearest multiple of pi/2 is taken off in three parts (Cody and Waite); the first two have 33 bits, so
-    // that their products with the multiple are exact.
+    // The nearest multiple of pi/2 is taken off in three parts (Cody and Waite); the first two have 33 bits,
+    // so that their products with the multiple are exact.
     constexpr double part1 = 0x1.921fb544p+0;
     constexpr double part2 = 0x1.0b4611a6p-34;
     constexpr double part3 = 0x1.3198a2e037073p-69;
@@ -119,8 +119,9 @@ inline double withoutTurns(double angle) {
     constexpr double turn = 6.283185307179586477;
     const double turns = angle * (1.0 / turn);
     constexpr double exactIntegers = 0x1p52;
-    return std::abs(turns) < exactIntegers ? angle - turn * static_cast<double>(static_cast<std::int64_t>(turns))
-                                           : std::fmod(angle, turn);
+    return std::abs(turns) < exactIntegers
+               ? angle - turn * static_cast<double>(static_cast<std::int64_t>(turns))
+               : std::fmod(angle, turn);
 }
 
 /// Sine and cosine of a + b from those of a and b.

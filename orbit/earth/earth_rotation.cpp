@@ -11,7 +11,8 @@ double greenwichMeanSiderealTime(const Instant& time) {
     const double centuries = ((time.day - j2000) + time.fraction) / daysPerCentury;
     // The published 876600 h a century are whole turns at noon; what is left of them is the time of day.
     const double timeOfDay = (time.day - j2000 - std::floor(time.day - j2000)) + time.fraction;
-    const double seconds = 67310.54841 + (8640184.812866 + (0.093104 - 6.2e-6 * centuries) * centuries) * centuries;
+    const double seconds =
+        67310.54841 + (8640184.812866 + (0.093104 - 6.2e-6 * centuries) * centuries) * centuries;
     const double turns = seconds / secondsPerDay + timeOfDay;
     return (turns - std::floor(turns)) * 2.0 * std::numbers::pi;
 }

@@ -24,9 +24,9 @@ GeodeticFoot geodeticFoot(const Vector3& p) {
     if (radius < 1.0) {
         return {0.0, 1.0, radius - a};
     }
-    // Bowring, "The accuracy of geodetic latitude and height equations", Survey Review 28 (1985): the parametric
-    // latitude of the foot, good at any height, then one closed step. Sines and cosines stand as they are, unscaled,
-    // so that the poles need no care.
+    // Bowring, "The accuracy of geodetic latitude and height equations", Survey Review 28 (1985): the
+    // parametric latitude of the foot, good at any height, then one closed step. Sines and cosines stand as
+    // they are, unscaled, so that the poles need no care.
     const double sinParametric = b * p.z * (radius + secondEccentricity2 * b);
     const double cosParametric = a * axisDistance * radius;
     const double parametricScale =

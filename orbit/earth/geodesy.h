@@ -29,8 +29,8 @@ struct GeodeticFoot {
     double heightKm;
 };
 
-/// From the ground up to better than 1e-9 rad and 1 mm (Bowring 1985). At the earth's centre the result is the
-/// equator at -6378.137 km.
+/// From the ground up to better than 1e-9 rad and 1 mm (Bowring 1985). At the earth's centre the result is
+/// the equator at -6378.137 km.
 GeodeticFoot geodeticFoot(const Vector3& positionKm);
 
 }  // namespace vantrace

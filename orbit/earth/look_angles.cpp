@@ -32,8 +32,8 @@ Whereabouts whereabouts(const Observer& observer, const StateVector& state, cons
     const Vector3 site{observer.axisDistanceKm() * sidereal.cos, observer.axisDistanceKm() * sidereal.sin,
                        observer.equatorDistanceKm()};
     const Vector3 line = state.positionKm - site;
-    const Vector3 lineRate = state.velocityKmS - Vector3{-earthRotationRadPerS * site.y,
-                                                         earthRotationRadPerS * site.x, 0.0};
+    const Vector3 lineRate =
+        state.velocityKmS - Vector3{-earthRotationRadPerS * site.y, earthRotationRadPerS * site.x, 0.0};
     // Components along the meridian's plane, then east, north and up.
     const double outward = line.x * sidereal.cos + line.y * sidereal.sin;
     const double east = line.y * sidereal.cos - line.x * sidereal.sin;

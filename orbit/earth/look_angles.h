@@ -32,7 +32,7 @@ class Observer {
 
 /// Where an object stands: in the observer's sky, geometric, without refraction, and over the earth.
 struct Whereabouts {
-    double azimuthRad;    ///< from north through east, 0 up to 2 pi
+    double azimuthRad;  ///< from north through east, 0 up to 2 pi
     double elevationRad;
     double rangeKm;
     double rangeRateKmS;  ///< against the observer, who turns with the earth

@@ -30,7 +30,8 @@ bool statRegular(const std::filesystem::path& path, struct stat& status) {
     return ::stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode);
 }
 
-/// The first bytes of a file, enough to tell element sets from anything else; nothing when it can't be opened.
+/// The first bytes of a file, enough to tell element sets from anything else; nothing when it can't be
+/// opened.
 std::optional<std::string> fileStart(const std::filesystem::path& path) {
     constexpr std::size_t lookedAt = 64 * 1024;
     std::ifstream stream(path, std::ios::binary);
@@ -60,15 +61,18 @@ ElementFile readElementFile(const std::filesystem::path& path) {
         const std::string text = readTextFile(path, largestElementFile);
         constexpr std::size_t bytesOfSet = 165;
         file.sets.reserve(text.size() / bytesOfSet + 1);
-        readElementSets(text, {[&file](ElementSet&& set) { file.sets.push_back(std::move(set)); },
-                               [&file](ElementRemark&& remark) { file.remarks.push_back(std::move(remark)); }});
+        readElementSets(text,
+                        {[&file](ElementSet&& set) { file.sets.push_back(std::move(set)); },
+                         [&file](ElementRemark&& remark) { file.remarks.push_back(std::move(remark)); }});
     } catch (const FileError& error) {
         file.failure = error.what();
     }
     return file;
 }
 
-std::string_view cutName(std::string_view name) { return trimmedBlanks(name.substr(0, cutNameLength)); }
+std::string_view cutName(std::string_view name) {
+    return trimmedBlanks(name.substr(0, cutNameLength));
+}
 
 }  // namespace
 

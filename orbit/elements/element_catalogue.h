@@ -30,12 +30,12 @@ struct CatalogueEntry {
     const ElementFile* file = nullptr;
 };
 
-/// The element sets of a folder, by name. Files are told apart by content, not by name; scratch files (.tmp, .new,
-/// .part, ~) are passed over. A file that hasn't changed (time, size, number) is not read again.
+/// The element sets of a folder, by name. Files are told apart by content, not by name; scratch files (.tmp,
+/// .new, .part, ~) are passed over. A file that hasn't changed (time, size, number) is not read again.
 class ElementCatalogue {
   public:
-    /// Looks the folder over; true when anything has changed, which makes every pointer given before invalid. Throws
-    /// EngineError when the folder can't be listed.
+    /// Looks the folder over; true when anything has changed, which makes every pointer given before invalid.
+    /// Throws EngineError when the folder can't be listed.
     bool refresh(const std::filesystem::path& folder);
 
     /// Different catalogue numbers over all files.
@@ -43,8 +43,8 @@ class ElementCatalogue {
     /// Every name once, in the order of files and sets, each ended by a line feed.
     const std::string& nameList() const { return m_nameList; }
 
-    /// By the trimmed name; failing that, as a name cut to 15 characters: the first set whose name begins with it.
-    /// Null when there is none. A name that several sets bear is answered from the newest epoch.
+    /// By the trimmed name; failing that, as a name cut to 15 characters: the first set whose name begins
+    /// with it. Null when there is none. A name that several sets bear is answered from the newest epoch.
     const CatalogueEntry* find(std::string_view name) const;
 
     /// One entry a name, in the order of files and sets.

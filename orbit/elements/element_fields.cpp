@@ -6,7 +6,9 @@ namespace vantrace {
 
 namespace {
 
-constexpr bool isDigit(char c) { return c >= '0' && c <= '9'; }
+constexpr bool isDigit(char c) {
+    return c >= '0' && c <= '9';
+}
 
 std::string_view withoutBlanks(std::string_view text) {
     while (!text.empty() && text.front() == ' ') {
@@ -89,8 +91,8 @@ std::optional<double> exponentField(std::string_view text) {
     const char sign = text.front();
     const char exponentSign = text[text.size() - 2];
     const char exponent = text.back();
-    const bool signsAreGood =
-        (sign == ' ' || sign == '+' || sign == '-') && (exponentSign == '+' || exponentSign == '-' || exponentSign == ' ');
+    const bool signsAreGood = (sign == ' ' || sign == '+' || sign == '-') &&
+                              (exponentSign == '+' || exponentSign == '-' || exponentSign == ' ');
     const auto mantissa = assumedPointField(text.substr(1, text.size() - 3));
     if (!signsAreGood || !isDigit(exponent) || !mantissa) {
         return std::nullopt;

@@ -25,15 +25,16 @@ double required(const std::optional<double>& value, int line, std::string_view w
     return *value;
 }
 
-double inRange(double value, double low, double high, int line, std::string_view what, std::string_view text) {
+double inRange(double value, double low, double high, int line, std::string_view what,
+               std::string_view text) {
     if (!(value >= low && value <= high)) {
         throw BadField{line, std::string(what) + " is out of range: \"" + std::string(text) + "\""};
     }
     return value;
 }
 
-double decimal(std::string_view line, int number, std::size_t first, std::size_t last, double low, double high,
-               std::string_view what) {
+double decimal(std::string_view line, int number, std::size_t first, std::size_t last, double low,
+               double high, std::string_view what) {
     const std::string_view text = columns(line, first, last);
     return inRange(required(decimalField(text), number, what, text), low, high, number, what, text);
 }
@@ -50,8 +51,8 @@ void checkShape(std::string_view line, int number) {
     const char digit = line[length - 1];
     const int wanted = checkDigit(line);
     if (digit != static_cast<char>('0' + wanted)) {
-        throw BadField{number, "check digit of line " + std::to_string(number) + " is '" + std::string(1, digit) +
-                                   "', should be " + std::to_string(wanted)};
+        throw BadField{number, "check digit of line " + std::to_string(number) + " is '" +
+                                   std::string(1, digit) + "', should be " + std::to_string(wanted)};
     }
     // The gaps between the fields: one that is filled means shifted columns.
     for (const std::size_t gap : {std::size_t{2}, number == 1 ? std::size_t{9} : std::size_t{8}}) {

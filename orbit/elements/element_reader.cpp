@@ -41,15 +41,16 @@ class LineReader {
     std::size_t m_number = 0;
 };
 
-/// A line 1 or 2 begins with its number, a blank and a catalogue number, and is long. A name such as "1 HOPEFUL" is
-/// not taken for one.
+/// A line 1 or 2 begins with its number, a blank and a catalogue number, and is long. A name such as "1
+/// HOPEFUL" is not taken for one.
 bool isElementLine(std::string_view line, char number) {
     constexpr std::size_t shortest = 24;
     return line.size() >= shortest && line[0] == number && line[1] == ' ' &&
            parseCatalogNumber(line.substr(2, 5)) >= 0;
 }
 
-/// A line that was meant as line 1 or 2 although its start is damaged: of the right length, with the right number.
+/// A line that was meant as line 1 or 2 although its start is damaged: of the right length, with the right
+/// number.
 bool resemblesElementLine(std::string_view line, char number) {
     return isElementLine(line, number) ||
            (line.size() >= 60 && line[0] == number && line[1] == ' ' &&
@@ -102,8 +103,8 @@ class SetAssembler {
         }
         if (parse.mismatch) {
             remark(number,
-                   "lines 1 and 2 carry different catalogue numbers (" + std::string(m_line1.substr(2, 5)) + ", " +
-                       std::string(line2.substr(2, 5)) + ")",
+                   "lines 1 and 2 carry different catalogue numbers (" + std::string(m_line1.substr(2, 5)) +
+                       ", " + std::string(line2.substr(2, 5)) + ")",
                    true);
         }
         parse.set.name = m_name.empty() ? std::to_string(parse.set.catalogNumber) : std::string(m_name);

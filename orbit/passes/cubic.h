@@ -18,7 +18,8 @@ class HermiteCubic {
     double at(double x) const { return m_c0 + x * (m_c1 + x * (m_c2 + x * m_c3)); }
     double slopeAt(double x) const { return m_c1 + x * (2.0 * m_c2 + x * 3.0 * m_c3); }
 
-    /// Where the cubic is 0, for values of different sign at the ends; Newton's method kept within its bracket.
+    /// Where the cubic is 0, for values of different sign at the ends; Newton's method kept within its
+    /// bracket.
     double root() const {
         double low = 0.0;
         double high = 1.0;

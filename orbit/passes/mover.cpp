@@ -24,10 +24,10 @@ bool SatelliteMover::stateAt(double seconds, StateVector& state) {
     return true;
 }
 
-Mover::Stride SatelliteMover::strideFrom(const StateVector& state) const {
+Stride SatelliteMover::strideFrom(const StateVector& state) const {
     // Over a resting observer the height above the horizon plane of a Kepler orbit is a sine of the eccentric
-    // anomaly: its turning points lie 180 degrees of it apart. Perturbations and the turning earth move them by
-    // little as long as the earth turns by little within a stride.
+    // anomaly: its turning points lie 180 degrees of it apart. Perturbations and the turning earth move them
+    // by little as long as the earth turns by little within a stride.
     constexpr double mu = wgs72::gravitationKm3S2;
     constexpr double wideStride = pi / 3.0;
     constexpr double narrowStride = pi / 4.0;
@@ -36,17 +36,19 @@ Mover::Stride SatelliteMover::strideFrom(const StateVector& state) const {
     const double radius = norm(state.positionKm);
     const double axisInverse = 2.0 / radius - dot(state.velocityKmS, state.velocityKmS) / mu;
     if (!(axisInverse > 0.0)) {
-        return {60.0, false};
+        return {60.0, false, 0.0};
     }
     const double eCosE = 1.0 - radius * axisInverse;
     const double eSinE = dot(state.positionKm, state.velocityKmS) * std::sqrt(axisInverse / mu);
     const double meanMotion = std::sqrt(mu * axisInverse) * axisInverse;
-    const bool smooth = eCosE * eCosE + eSinE * eSinE < nearlyCircular * nearlyCircular;
+    const double eccentricity = std::sqrt(eCosE * eCosE + eSinE * eSinE);
+    const bool smooth = eccentricity < nearlyCircular;
     const double stride = smooth ? wideStride : narrowStride;
     const double meanStride = stride - eSinE * ((smooth ? 0.5 : std::sqrt(0.5)) - 1.0) -
                               eCosE * (smooth ? std::sqrt(0.75) : std::sqrt(0.5));
     constexpr double shortestS = 1.0;  // also where an absurd orbit gives no number
-    return {std::max(shortestS, std::min(meanStride / meanMotion, longestS)), smooth};
+    return {std::max(shortestS, std::min(meanStride / meanMotion, longestS)), smooth,
+            (1.0 + eccentricity) / axisInverse};
 }
 
 SkyBodyMover::SkyBodyMover(SkyBody body, const Instant& start)
@@ -57,9 +59,9 @@ bool SkyBodyMover::stateAt(double seconds, StateVector& state) {
     return true;
 }
 
-Mover::Stride SkyBodyMover::strideFrom(const StateVector& /*state*/) const {
+Stride SkyBodyMover::strideFrom(const StateVector& /*state*/) const {
     constexpr double strideS = 7200.0;  // 30 degrees of the day's turn
-    return {strideS, true};
+    return {strideS, true, 0.0};
 }
 
 }  // namespace vantrace

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <optional>
 #include <string_view>
 
 #include "orbit/instant.h"
@@ -10,19 +9,21 @@
 
 namespace vantrace {
 
+/// How far a search may step from a state on.
+struct Stride {
+    double seconds;   ///< within which the height above the horizon has at most one turning point
+    bool smooth;      ///< a cubic follows the height closely over them
+    double apogeeKm;  ///< greatest distance from the earth's centre, of a flat path; 0 where none is known
+};
+
 /// What can rise and set: its path in an equatorial frame, by seconds from a starting moment.
 class Mover {
   public:
     virtual ~Mover() = default;
 
-    /// The state, km and km/s; false where there is none, with the reason in failureReason(), which then stays.
+    /// The state, km and km/s; false where there is none, with the reason in failureReason(), which then
+    /// stays.
     virtual bool stateAt(double seconds, StateVector& state) = 0;
-    /// Seconds from this state within which the height above the horizon has at most one turning point, and whether
-    /// a cubic follows it closely over them.
-    struct Stride {
-        double seconds;
-        bool smooth;
-    };
     virtual Stride strideFrom(const StateVector& state) const = 0;
     /// Greenwich sidereal time of the frame at the start, rad.
     virtual double siderealTimeAtStart() const = 0;

@@ -12,10 +12,12 @@ namespace {
 
 void addRecord(std::string& text, const Instant& rise, const Pass& pass, double seconds) {
     const CalendarTime time = calendarTime(rise, 0);
-    const auto degrees = [](double radians) { return static_cast<int>(std::floor(radians / radiansPerDegree)); };
+    const auto degrees = [](double radians) {
+        return static_cast<int>(std::floor(radians / radiansPerDegree));
+    };
     std::array<char, 96> record{};
-    std::snprintf(record.data(), record.size(), "%04d%02d%02d%02d%02d%02.0f %d %d %d %.0f", time.year, time.month,
-                  time.day, time.hour, time.minute, time.second, degrees(pass.rise.azimuthRad),
+    std::snprintf(record.data(), record.size(), "%04d%02d%02d%02d%02d%02.0f %d %d %d %.0f", time.year,
+                  time.month, time.day, time.hour, time.minute, time.second, degrees(pass.rise.azimuthRad),
                   degrees(pass.set.azimuthRad), degrees(pass.culmination.elevationRad), std::floor(seconds));
     if (!text.empty()) {
         text += ',';
@@ -23,7 +25,8 @@ void addRecord(std::string& text, const Instant& rise, const Pass& pass, double 
     text += record.data();
 }
 
-void addWholeDays(std::string& text, const Pass& pass, const Instant& from, double days, double offsetMinutes) {
+void addWholeDays(std::string& text, const Pass& pass, const Instant& from, double days,
+                  double offsetMinutes) {
     constexpr double lengthOfDayRecord = 86399.0;
     const double offsetDays = offsetMinutes / minutesPerDay;
     const double first = std::floor(dayNumber(from) + offsetDays);

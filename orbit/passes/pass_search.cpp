@@ -14,59 +14,63 @@ constexpr double eventSearchS = eventSearchDays * secondsPerDay;
 class PassCollector {
   public:
     PassCollector(Mover& mover, const Observer& observer, const Instant& from, double spanS)
-        : m_mover(mover), m_observer(observer), m_from(from), m_spanS(spanS), m_scan(mover, observer, 0.0, 1) {}
+        : m_mover(mover),
+          m_observer(observer),
+          m_from(from),
+          m_spanS(spanS),
+          m_scan(mover, observer, 0.0, 1) {}
 
     PassSearchResult collect() {
-        if (!m_scan.started()) {
-            noteFailure();
-            return std::move(m_result);
-        }
         if (m_scan.upAtStart()) {
             addPassUnderWay();
         }
-        while (const auto rise = nextInSpan()) {
-            addPass(rise->seconds, true);
+        while (!m_ended) {
+            // Crossings alternate: after a set comes a rise.
+            const auto rise = m_scan.next(m_spanS);
+            m_ended = !rise;
+            if (rise) {
+                addPass(rise->sample, true);
+            }
         }
-        if (m_scan.failed()) {
-            noteFailure();
+        if (m_scan.failed() && m_scan.last().seconds <= m_spanS) {
+            m_result.failureReason = m_mover.failureReason();
+            m_result.failureTime = plusSeconds(m_from, m_scan.last().seconds);
         }
         return std::move(m_result);
     }
 
   private:
-    /// Crossings alternate: after a set comes a rise.
-    std::optional<HorizonEvent> nextInSpan() { return m_ended ? std::nullopt : m_scan.next(m_spanS); }
-
     void addPassUnderWay() {
         HorizonScan back(m_mover, m_observer, 0.0, -1);
         const auto rise = back.next(-eventSearchS);
-        addPass(rise ? rise->seconds : 0.0, rise.has_value());
+        addPass(rise ? rise->sample : m_scan.start(), rise.has_value());
     }
 
-    void addPass(double riseS, bool riseKnown) {
-        const auto set = m_scan.next(m_spanS + eventSearchS);
-        const double lastS = m_scan.failed() ? m_scan.failureSeconds() : m_spanS;
-        const double setS = set ? set->seconds : std::max(lastS, riseS);
-        m_ended = !set;
+    void addPass(const HorizonSample& rise, bool riseKnown) {
+        const auto event = m_scan.next(m_spanS + eventSearchS);
+        const HorizonSample set = event ? event->sample : spanEnd(rise);
+        m_ended = !event;
         Pass pass;
         pass.riseKnown = riseKnown;
-        pass.setKnown = set.has_value();
-        pass.rise = point(riseS);
-        pass.set = point(setS);
-        pass.culmination = point(m_scan.greatestElevation(riseS, setS).seconds);
+        pass.setKnown = event.has_value();
+        pass.rise = point(rise);
+        pass.set = point(set);
+        pass.culmination = point(m_scan.greatestElevation(rise, set));
         m_result.passes.push_back(pass);
     }
 
-    PassPoint point(double seconds) {
-        const Whereabouts look = m_scan.lookAt(seconds);
-        return {plusSeconds(m_from, seconds), look.azimuthRad, look.elevationRad};
+    /// Where a pass without a set is cut: the end of the span, or of the path.
+    HorizonSample spanEnd(const HorizonSample& rise) {
+        HorizonSample end = m_scan.last();
+        if (!m_scan.failed() || end.seconds > m_spanS) {
+            m_scan.sampleAt(m_spanS, end);
+        }
+        return end.seconds > rise.seconds ? end : rise;
     }
 
-    void noteFailure() {
-        if (m_scan.failureSeconds() <= m_spanS) {
-            m_result.failureReason = m_mover.failureReason();
-            m_result.failureTime = plusSeconds(m_from, m_scan.failureSeconds());
-        }
+    PassPoint point(const HorizonSample& sample) {
+        const Whereabouts look = whereabouts(m_observer, sample.state, sample.greenwich);
+        return {plusSeconds(m_from, sample.seconds), look.azimuthRad, look.elevationRad};
     }
 
     Mover& m_mover;
@@ -84,13 +88,13 @@ EventSearchResult findNext(Mover& mover, const Observer& observer, const Instant
     EventSearchResult result;
     while (const auto event = scan.next(eventSearchS)) {
         if (event->kind == wanted) {
-            result.time = plusSeconds(from, event->seconds + justBehindS);
+            result.time = plusSeconds(from, event->sample.seconds + justBehindS);
             return result;
         }
     }
     if (scan.failed()) {
         result.failureReason = mover.failureReason();
-        result.failureTime = plusSeconds(from, scan.failureSeconds());
+        result.failureTime = plusSeconds(from, scan.last().seconds);
     }
     return result;
 }

@@ -4,9 +4,10 @@
 
 namespace vantrace {
 
-/// The orbit at epoch as the theory uses it: Brouwer's mean motion instead of the published Kozai one, and the
-/// functions of eccentricity and inclination that every part of the theory needs. Lengths in earth radii, times in
-/// minutes. Names of terms as in Hoots, Schumacher and Glover (2004), J. Guidance, Control and Dynamics 27(2).
+/// The orbit at epoch as the theory uses it: Brouwer's mean motion instead of the published Kozai one, and
+/// the functions of eccentricity and inclination that every part of the theory needs. Lengths in earth radii,
+/// times in minutes. Names of terms as in Hoots, Schumacher and Glover (2004), J. Guidance, Control and
+/// Dynamics 27(2).
 struct BrouwerOrbit {
     double meanMotion = 0.0;     ///< n0'', rad/min
     double semiMajorAxis = 0.0;  ///< a0''
@@ -22,14 +23,16 @@ struct BrouwerOrbit {
     double beta = 0.0;           ///< sqrt(1 - e^2)
     double perigeeRadius = 0.0;  ///< a0'' (1 - e)
 
-    /// Secular rates by J2 and J4, rad/min (mean anomaly, perigee, node), and the node's first-order part alone.
+    /// Secular rates by J2 and J4, rad/min (mean anomaly, perigee, node), and the node's first-order part
+    /// alone.
     double meanAnomalyRate = 0.0;
     double perigeeRate = 0.0;
     double nodeRate = 0.0;
     double nodeRateFirstOrder = 0.0;
 };
 
-/// Recovers Brouwer's mean motion and semi-major axis (Spacetrack Report No. 3, section 6) and the secular rates.
+/// Recovers Brouwer's mean motion and semi-major axis (Spacetrack Report No. 3, section 6) and the secular
+/// rates.
 BrouwerOrbit brouwerOrbit(const ElementSet& elements);
 
 }  // namespace vantrace

@@ -9,7 +9,8 @@ namespace vantrace {
 
 namespace {
 
-/// (ke / n)^(2/3): resonance moves the mean motion so little that a short series from its value at epoch is exact.
+/// (ke / n)^(2/3): resonance moves the mean motion so little that a short series from its value at epoch is
+/// exact.
 double resonantAxis(const BrouwerOrbit& orbit, double meanMotion) {
     const double d = (meanMotion - orbit.meanMotion) / orbit.meanMotion;
     if (std::abs(d) < 1.0e-3) {
@@ -26,8 +27,7 @@ DeepSpaceModel::DeepSpaceModel(const BrouwerOrbit& orbit, const Instant& epoch)
     : m_orbit(orbit),
       m_drag(dragTerms(orbit, true)),
       m_luniSolar(luniSolarTerms(orbit, epoch.julianDate())),
-      m_resonance(Resonance::of(orbit, m_luniSolar.rates,
-                                greenwichMeanSiderealTime(epoch))) {}
+      m_resonance(Resonance::of(orbit, m_luniSolar.rates, greenwichMeanSiderealTime(epoch))) {}
 
 PropagationStatus DeepSpaceModel::propagate(double minutes, Propagated& result) {
     const double t = minutes;
@@ -73,8 +73,8 @@ PropagationStatus DeepSpaceModel::propagate(double minutes, Propagated& result) 
     mean.meanAnomaly = moved.meanAnomaly;
     const SinCosPair angles = sinCos(mean.argumentOfPerigee, mean.node);
     const SinCos inclination = sinCos(mean.inclination);
-    return stateFromMean(mean, InclinationTerms::of(inclination.sin, inclination.cos), angles.first, angles.second,
-                         result.state);
+    return stateFromMean(mean, InclinationTerms::of(inclination.sin, inclination.cos), angles.first,
+                         angles.second, result.state);
 }
 
 }  // namespace vantrace

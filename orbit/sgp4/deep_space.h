@@ -5,13 +5,14 @@
 #include "orbit/sgp4/brouwer_orbit.h"
 #include "orbit/sgp4/drag.h"
 #include "orbit/sgp4/luni_solar.h"
+#include "orbit/sgp4/mean_state.h"
 #include "orbit/sgp4/propagation_status.h"
 #include "orbit/sgp4/resonance.h"
-#include "orbit/sgp4/mean_state.h"
 
 namespace vantrace {
 
-/// SDP4: orbits with a period of 225 minutes and more, pulled by sun and moon, some in step with the earth's turning.
+/// SDP4: orbits with a period of 225 minutes and more, pulled by sun and moon, some in step with the earth's
+/// turning.
 class DeepSpaceModel {
   public:
     DeepSpaceModel(const BrouwerOrbit& orbit, const Instant& epoch);

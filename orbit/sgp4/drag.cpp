@@ -64,15 +64,15 @@ DragTerms dragTerms(const BrouwerOrbit& orbit, bool deepSpace) {
                       (a * (1.0 + 1.5 * eta2 + eEta * (4.0 + eta2)) +
                        0.375 * wgs72::j2 * xi / psi2 * threeTheta2Minus1 * (8.0 + 3.0 * eta2 * (8.0 + eta2)));
     drag.c1 = orbit.bStar * c2;
-    const double c3 = e > smallestEccentricity ? -2.0 * density * xi * (wgs72::j3 / wgs72::j2) * orbit.meanMotion *
-                                                     orbit.sinInclination / e
+    const double c3 = e > smallestEccentricity ? -2.0 * density * xi * (wgs72::j3 / wgs72::j2) *
+                                                     orbit.meanMotion * orbit.sinInclination / e
                                                : 0.0;
     const double c4Harmonics =
         -3.0 * threeTheta2Minus1 * (1.0 - 2.0 * eEta + eta2 * (1.5 - 0.5 * eEta)) +
         0.75 * (1.0 - theta2) * (2.0 * eta2 - eEta * (1.0 + eta2)) * std::cos(2.0 * orbit.argumentOfPerigee);
-    drag.c4 = 2.0 * orbit.meanMotion * densityOverPsi7 * a * orbit.beta2 *
-              (drag.eta * (2.0 + 0.5 * eta2) + e * (0.5 + 2.0 * eta2) -
-               wgs72::j2 * xi / (a * psi2) * c4Harmonics);
+    drag.c4 =
+        2.0 * orbit.meanMotion * densityOverPsi7 * a * orbit.beta2 *
+        (drag.eta * (2.0 + 0.5 * eta2) + e * (0.5 + 2.0 * eta2) - wgs72::j2 * xi / (a * psi2) * c4Harmonics);
     drag.c5 = 2.0 * densityOverPsi7 * a * orbit.beta2 * (1.0 + 2.75 * (eta2 + eEta) + eEta * eta2);
 
     drag.node2 = 3.5 * orbit.beta2 * orbit.nodeRateFirstOrder * drag.c1;

@@ -8,12 +8,12 @@ namespace vantrace {
 
 namespace {
 
-constexpr double solarMeanMotion = 1.19459e-5;     // rad/min
-constexpr double lunarMeanMotion = 1.5835218e-4;   // rad/min
+constexpr double solarMeanMotion = 1.19459e-5;    // rad/min
+constexpr double lunarMeanMotion = 1.5835218e-4;  // rad/min
 constexpr double solarEccentricity = 0.01675;
 constexpr double lunarEccentricity = 0.05490;
-constexpr double solarPerturbation = 2.9864797e-6;   // rad/min
-constexpr double lunarPerturbation = 4.7968065e-7;   // rad/min
+constexpr double solarPerturbation = 2.9864797e-6;  // rad/min
+constexpr double lunarPerturbation = 4.7968065e-7;  // rad/min
 
 /// Where a third body's orbit stands: node against the satellite's node, inclination, perigee.
 struct BodyOrbit {
@@ -169,13 +169,12 @@ PeriodicSums periodicSums(const BodyPeriodics& body, const SinCos& f) {
             body.h2 * f2 + body.h3 * f3};
 }
 
-/// Lyddane's form: the node's vector is moved instead of the node, so that a small inclination divides nothing.
+/// Lyddane's form: the node's vector is moved instead of the node, so that a small inclination divides
+/// nothing.
 void addLyddane(const PeriodicSums& sums, const SinCos& inclination, const SinCos& node,
                 PeriodicElements& elements) {
-    const double alpha =
-        inclination.sin * node.sin + sums.h * node.cos + sums.i * inclination.cos * node.sin;
-    const double beta =
-        inclination.sin * node.cos - sums.h * node.sin + sums.i * inclination.cos * node.cos;
+    const double alpha = inclination.sin * node.sin + sums.h * node.cos + sums.i * inclination.cos * node.sin;
+    const double beta = inclination.sin * node.cos - sums.h * node.sin + sums.i * inclination.cos * node.cos;
     const double oldNode = withoutTurns(elements.node);
     const double longitude = elements.meanAnomaly + elements.argumentOfPerigee + inclination.cos * oldNode +
                              sums.l + sums.gh - sums.i * oldNode * inclination.sin;
@@ -203,9 +202,8 @@ LuniSolarTerms luniSolarTerms(const BrouwerOrbit& orbit, double epochJulianDate)
     LuniSolarTerms terms;
     terms.sun = bodyPeriodics(sun, e2, solarEccentricity, solarMeanMotion,
                               std::fmod(6.2565837 + 0.017201977 * day, twoPi));
-    terms.moon =
-        bodyPeriodics(moon, e2, lunarEccentricity, lunarMeanMotion,
-                      std::fmod(4.7199672 + 0.22997150 * day - moonOrbit.longitudeOfPerigee, twoPi));
+    terms.moon = bodyPeriodics(moon, e2, lunarEccentricity, lunarMeanMotion,
+                               std::fmod(4.7199672 + 0.22997150 * day - moonOrbit.longitudeOfPerigee, twoPi));
     const SecularRates bySun = bodyRates(orbit, sun, solarMeanMotion);
     const SecularRates byMoon = bodyRates(orbit, moon, lunarMeanMotion);
     terms.rates = {bySun.eccentricity + byMoon.eccentricity, bySun.inclination + byMoon.inclination,

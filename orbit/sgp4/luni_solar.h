@@ -6,14 +6,14 @@ namespace vantrace {
 
 /// The pull of one third body (sun or moon) on the orbit: coefficients of its periodic terms.
 struct BodyPeriodics {
-    double e2 = 0.0, e3 = 0.0;                  ///< eccentricity
-    double i2 = 0.0, i3 = 0.0;                  ///< inclination
-    double l2 = 0.0, l3 = 0.0, l4 = 0.0;        ///< mean longitude
-    double gh2 = 0.0, gh3 = 0.0, gh4 = 0.0;     ///< perigee with the node's part
-    double h2 = 0.0, h3 = 0.0;                  ///< node
-    double meanAnomalyAtEpoch = 0.0;            ///< of the body
-    double meanMotion = 0.0;                    ///< of the body, rad/min
-    double eccentricity = 0.0;                  ///< of the body's orbit
+    double e2 = 0.0, e3 = 0.0;               ///< eccentricity
+    double i2 = 0.0, i3 = 0.0;               ///< inclination
+    double l2 = 0.0, l3 = 0.0, l4 = 0.0;     ///< mean longitude
+    double gh2 = 0.0, gh3 = 0.0, gh4 = 0.0;  ///< perigee with the node's part
+    double h2 = 0.0, h3 = 0.0;               ///< node
+    double meanAnomalyAtEpoch = 0.0;         ///< of the body
+    double meanMotion = 0.0;                 ///< of the body, rad/min
+    double eccentricity = 0.0;               ///< of the body's orbit
 };
 
 /// Secular rates by both bodies together, per minute.

@@ -18,8 +18,9 @@ struct MeanState {
 
 /// What a propagation gives.
 struct Propagated {
-    StateVector state;                  ///< TEME, km and km/s
-    double meanLatitudeArgument = 0.0;  ///< mean anomaly and argument of perigee, whole turns since epoch kept; rad
+    StateVector state;  ///< TEME, km and km/s
+    double meanLatitudeArgument =
+        0.0;  ///< mean anomaly and argument of perigee, whole turns since epoch kept; rad
 };
 
 }  // namespace vantrace

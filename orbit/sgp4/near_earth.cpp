@@ -29,8 +29,8 @@ PropagationStatus NearEarthModel::propagate(double minutes, Propagated& result) 
     } else {
         const SinCosPair beforeShift = sinCos(mean.meanAnomaly, mean.node);
         const double periodic = 1.0 + m_drag.eta * beforeShift.first.cos;
-        const double shift = m_drag.perigee * t +
-                             m_drag.anomaly * (periodic * periodic * periodic - m_drag.anomalyAtEpoch);
+        const double shift =
+            m_drag.perigee * t + m_drag.anomaly * (periodic * periodic * periodic - m_drag.anomalyAtEpoch);
         mean.meanAnomaly += shift;
         mean.argumentOfPerigee -= shift;
         const SinCosPair afterShift = sinCos(mean.meanAnomaly, mean.argumentOfPerigee);

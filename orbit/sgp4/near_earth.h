@@ -21,12 +21,12 @@ class NearEarthModel {
     InclinationTerms m_inclination;
 };
 
-/// Mean elements after the secular effects of drag, which act alike on near and deep orbits: axis and eccentricity
-/// shrink, the longitude runs ahead. Returns what the bounds of the theory say.
+/// Mean elements after the secular effects of drag, which act alike on near and deep orbits: axis and
+/// eccentricity shrink, the longitude runs ahead. Returns what the bounds of the theory say.
 struct DragEffect {
-    double axisFactor;         ///< of the semi-major axis before squaring
+    double axisFactor;  ///< of the semi-major axis before squaring
     double eccentricityDrop;
-    double longitudeGain;      ///< in units of n0'' minutes
+    double longitudeGain;  ///< in units of n0'' minutes
 };
 
 inline PropagationStatus applyDrag(const BrouwerOrbit& orbit, const DragEffect& drag, MeanState& mean) {

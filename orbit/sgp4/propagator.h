@@ -13,8 +13,8 @@ class Propagator {
   public:
     explicit Propagator(const ElementSet& elements);
 
-    /// TEME state at minutes from the set's epoch; the result means nothing on any status but `ok`. Not const: a
-    /// resonant orbit keeps the steps of its integrator.
+    /// TEME state at minutes from the set's epoch; the result means nothing on any status but `ok`. Not
+    /// const: a resonant orbit keeps the steps of its integrator.
     PropagationStatus propagate(double minutes, Propagated& result) {
         return m_deepSpace ? m_deepSpace->propagate(minutes, result) : m_nearEarth.propagate(minutes, result);
     }

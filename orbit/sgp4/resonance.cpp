@@ -63,8 +63,8 @@ void Resonance::setOneDay(const BrouwerOrbit& orbit, const SecularRates& rates) 
     const double cosI = orbit.cosInclination;
     const double onePlusCos = 1.0 + cosI;
     const double f220 = 0.75 * onePlusCos * onePlusCos;
-    const double f311 = 0.9375 * orbit.sinInclination * orbit.sinInclination * (1.0 + 3.0 * cosI) -
-                        0.75 * onePlusCos;
+    const double f311 =
+        0.9375 * orbit.sinInclination * orbit.sinInclination * (1.0 + 3.0 * cosI) - 0.75 * onePlusCos;
     const double f330 = 1.875 * onePlusCos * onePlusCos * onePlusCos;
     const double scale = 3.0 * orbit.meanMotion * orbit.meanMotion * axisInverse * axisInverse;
     m_del1 = scale * axisInverse * f311 * g310 * q31;

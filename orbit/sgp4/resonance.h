@@ -9,10 +9,10 @@
 
 namespace vantrace {
 
-/// Resonance with the turning earth: one-day orbits, and half-day orbits with an eccentricity of 0.5 or more. Mean
-/// motion and longitude are integrated from epoch in steps of 720 minutes (Spacetrack Report No. 3, section 10). The
-/// integrator's steps are kept, so that any time is reached from the step before it and answers don't depend on the
-/// order of the questions.
+/// Resonance with the turning earth: one-day orbits, and half-day orbits with an eccentricity of 0.5 or more.
+/// Mean motion and longitude are integrated from epoch in steps of 720 minutes (Spacetrack Report No. 3,
+/// section 10). The integrator's steps are kept, so that any time is reached from the step before it and
+/// answers don't depend on the order of the questions.
 class Resonance {
   public:
     /// Nothing for an orbit that isn't resonant.

@@ -2,7 +2,8 @@
 
 namespace vantrace {
 
-/// Eccentricity functions G_lpq of the half-day resonance, as polynomials fitted by Hujsak (Spacetrack Report No. 3).
+/// Eccentricity functions G_lpq of the half-day resonance, as polynomials fitted by Hujsak (Spacetrack Report
+/// No. 3).
 struct EccentricityFunctions {
     double g201, g211, g310, g322, g410, g422, g520, g533, g521, g532;
 };

@@ -1,5 +1,5 @@
-// From mean elements to position and velocity: long-period terms by J3, Kepler's equation, short-period terms by J2
-// (Hoots, Schumacher and Glover 2004, section on the update for long- and short-period effects).
+// From mean elements to position and velocity: long-period terms by J3, Kepler's equation, short-period terms
+// by J2 (Hoots, Schumacher and Glover 2004, section on the update for long- and short-period effects).
 #pragma once
 
 #include <algorithm>
@@ -13,7 +13,8 @@
 
 namespace vantrace {
 
-/// What the periodic terms need of the inclination; fixed for a near-earth orbit, fresh at each time for a deep one.
+/// What the periodic terms need of the inclination; fixed for a near-earth orbit, fresh at each time for a
+/// deep one.
 struct InclinationTerms {
     double sin = 0.0;
     double cos = 0.0;
@@ -40,10 +41,10 @@ struct InclinationTerms {
     }
 };
 
-/// Kepler's equation for E + omega in the components of the eccentricity vector, u = E - ax sin E + ay cos E, by
-/// Danby's quartic form of Newton's method (Danby, "Fundamentals of Celestial Mechanics", 1988, section 6.6) with a
-/// limit of 0.95 a step. Sine and cosine follow the steps by the addition theorem, which for small steps costs a
-/// fraction of a fresh evaluation.
+/// Kepler's equation for E + omega in the components of the eccentricity vector, u = E - ax sin E + ay cos E,
+/// by Danby's quartic form of Newton's method (Danby, "Fundamentals of Celestial Mechanics", 1988,
+/// section 6.6) with a limit of 0.95 a step. Sine and cosine follow the steps by the addition theorem, which
+/// for small steps costs a fraction of a fresh evaluation.
 inline SinCos solveKepler(double u, double ax, double ay) {
     constexpr int mostSteps = 12;
     // What a step leaves is some 1/24 of its fourth power times the eccentricity: below 1e-14.
@@ -114,17 +115,19 @@ inline OrbitPlaneState shortPeriod(const MeanState& mean, const InclinationTerms
 }
 
 /// Turns the orbit plane into space: TEME, km and km/s.
-inline StateVector orientedState(const OrbitPlaneState& plane, const SinCos& node, const SinCos& inclination) {
+inline StateVector orientedState(const OrbitPlaneState& plane, const SinCos& node,
+                                 const SinCos& inclination) {
     const SinCos& u = plane.latitudeArgument;
     const double mx = -node.sin * inclination.cos;
     const double my = node.cos * inclination.cos;
-    const Vector3 radial{mx * u.sin + node.cos * u.cos, my * u.sin + node.sin * u.cos, inclination.sin * u.sin};
+    const Vector3 radial{mx * u.sin + node.cos * u.cos, my * u.sin + node.sin * u.cos,
+                         inclination.sin * u.sin};
     const Vector3 transverse{mx * u.cos - node.cos * u.sin, my * u.cos - node.sin * u.sin,
                              inclination.sin * u.cos};
     StateVector state;
     state.positionKm = (plane.radius * wgs72::earthRadiusKm) * radial;
-    state.velocityKmS = wgs72::velocityUnitKmS *
-                        (plane.radialVelocity * radial + plane.transverseVelocity * transverse);
+    state.velocityKmS =
+        wgs72::velocityUnitKmS * (plane.radialVelocity * radial + plane.transverseVelocity * transverse);
     return state;
 }
 

@@ -9,7 +9,8 @@ struct Nutation {
     double trueObliquity;  ///< mean obliquity with its nutation
 };
 
-/// The largest terms of the IAU 1980 theory (Seidelmann 1982), to some 0.02 arc seconds; mean obliquity of Lieske 1977.
+/// The largest terms of the IAU 1980 theory (Seidelmann 1982), to some 0.02 arc seconds; mean obliquity of
+/// Lieske 1977.
 Nutation nutation(double centuries);
 
 }  // namespace vantrace

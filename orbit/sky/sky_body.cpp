@@ -24,7 +24,8 @@ Vector3 equatorial(const EclipticPosition& place, const Nutation& nutation) {
     const double z = std::sin(place.latitudeRad);
     const double sinObliquity = std::sin(nutation.trueObliquity);
     const double cosObliquity = std::cos(nutation.trueObliquity);
-    return place.distanceKm * Vector3{x, y * cosObliquity - z * sinObliquity, y * sinObliquity + z * cosObliquity};
+    return place.distanceKm *
+           Vector3{x, y * cosObliquity - z * sinObliquity, y * sinObliquity + z * cosObliquity};
 }
 
 }  // namespace
@@ -42,8 +43,7 @@ BodyState bodyState(SkyBody body, const Instant& utc) {
     BodyState result;
     result.state.positionKm = equatorial(place, now);
     result.state.velocityKmS = (0.5 / halfIntervalS) * (after - before);
-    result.siderealTimeRad =
-        greenwichMeanSiderealTime(utc) + now.longitude * std::cos(now.trueObliquity);
+    result.siderealTimeRad = greenwichMeanSiderealTime(utc) + now.longitude * std::cos(now.trueObliquity);
     if (body == SkyBody::moon) {
         const double elongation = place.longitudeRad - sunPosition(centuries).longitudeRad;
         result.phaseAngleRad = elongation - twoPi * std::floor(elongation / twoPi) - pi;

@@ -130,9 +130,9 @@ TEST(ElementAge, LinesWithoutAnEpochFail) {
 }
 
 TEST(ElementFileName, IsWhatFollowsTheLastSlash) {
-    EXPECT_EQ(elementFileName("www.celestrak.com/NORAD/elements/weather.txt"), "weather.txt");
+    EXPECT_EQ(elementFileName("host.example/NORAD/elements/weather.txt"), "weather.txt");
     EXPECT_EQ(elementFileName("byhand.txt"), "byhand.txt");
-    EXPECT_EQ(elementFileName("www.celestrak.com/"), "");
+    EXPECT_EQ(elementFileName("host.example/"), "");
 }
 
 }  // namespace
