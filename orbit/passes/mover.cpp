@@ -15,7 +15,12 @@ SatelliteMover::SatelliteMover(Satellite& satellite, const Instant& start)
 
 bool SatelliteMover::stateAt(double seconds, StateVector& state) {
     Propagated propagated;
-    const PropagationStatus status = m_propagator.propagate(m_startMinutes + seconds / 60.0, propagated);
+    PropagationStatus status = m_propagator.propagate(m_startMinutes + seconds / 60.0, propagated);
+    // A path whose velocity has nothing to do with its positions any more has no passes to tell.
+    constexpr double greatestMismatch = 0.1;
+    if (status == PropagationStatus::ok && !(std::abs(propagated.rateMismatch) < greatestMismatch)) {
+        status = PropagationStatus::dragRanAway;
+    }
     if (status != PropagationStatus::ok) {
         m_failure = status;
         return false;

@@ -3,7 +3,8 @@
 #include <cmath>
 
 #include "orbit/earth/earth_rotation.h"
-#include "orbit/sgp4/near_earth.h"
+#include "orbit/sgp4/drag_effect.h"
+#include "orbit/sgp4/short_period.h"
 
 namespace vantrace {
 
@@ -47,12 +48,14 @@ PropagationStatus DeepSpaceModel::propagate(double minutes, Propagated& result) 
         mean.semiMajorAxis = resonantAxis(m_orbit, motion.meanMotion);
         mean.meanAnomaly = m_resonance->meanAnomaly(motion.longitude, t, mean.node, mean.argumentOfPerigee);
     }
-    const DragEffect drag{1.0 - m_drag.c1 * t, m_orbit.bStar * m_drag.c4 * t, m_drag.t2 * t * t};
+    const DragEffect drag{1.0 - m_drag.c1 * t, m_orbit.bStar * m_drag.c4 * t, m_drag.t2 * t * t,
+                          2.0 * m_drag.t2 * t};
     if (const PropagationStatus status = applyDrag(m_orbit, drag, mean); status != PropagationStatus::ok) {
         return status;
     }
 
     result.meanLatitudeArgument = mean.meanAnomaly + mean.argumentOfPerigee;
+    result.rateMismatch = drag.rateMismatch();
 
     // Lyddane's form takes the node itself, not its sine: it must stand within a turn of 0, signed as it ran.
     PeriodicElements moved{mean.eccentricity, mean.inclination, withoutTurns(mean.node),

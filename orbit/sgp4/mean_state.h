@@ -21,6 +21,9 @@ struct Propagated {
     StateVector state;  ///< TEME, km and km/s
     double meanLatitudeArgument =
         0.0;  ///< mean anomaly and argument of perigee, whole turns since epoch kept; rad
+    /// How far, as a fraction, the rate of the mean longitude has come apart from the mean motion: small
+    /// while the polynomials of the drag hold, large when the set is extrapolated beyond all sense.
+    double rateMismatch = 0.0;
 };
 
 }  // namespace vantrace

@@ -1,5 +1,7 @@
 #include "orbit/sgp4/near_earth.h"
 
+#include "orbit/sgp4/drag_effect.h"
+
 namespace vantrace {
 
 NearEarthModel::NearEarthModel(const BrouwerOrbit& orbit)
@@ -19,7 +21,7 @@ PropagationStatus NearEarthModel::propagate(double minutes, Propagated& result) 
     mean.node = m_orbit.node + m_orbit.nodeRate * t + m_drag.node2 * t2;
 
     // Sines and cosines are taken in pairs, in the order in which their angles come to stand.
-    DragEffect drag{1.0 - m_drag.c1 * t, m_orbit.bStar * m_drag.c4 * t, m_drag.t2 * t2};
+    DragEffect drag{1.0 - m_drag.c1 * t, m_orbit.bStar * m_drag.c4 * t, m_drag.t2 * t2, 2.0 * m_drag.t2 * t};
     SinCos perigee{};
     SinCos node{};
     if (m_drag.simple) {
@@ -37,6 +39,7 @@ PropagationStatus NearEarthModel::propagate(double minutes, Propagated& result) 
         drag.axisFactor -= t2 * (m_drag.d2 + t * (m_drag.d3 + t * m_drag.d4));
         drag.eccentricityDrop += m_orbit.bStar * m_drag.c5 * (afterShift.first.sin - m_drag.sinMeanAnomaly);
         drag.longitudeGain += t2 * t * (m_drag.t3 + t * (m_drag.t4 + t * m_drag.t5));
+        drag.longitudeGainRate += t2 * (3.0 * m_drag.t3 + t * (4.0 * m_drag.t4 + t * 5.0 * m_drag.t5));
         perigee = afterShift.second;
         node = beforeShift.second;
     }
@@ -45,6 +48,7 @@ PropagationStatus NearEarthModel::propagate(double minutes, Propagated& result) 
         return status;
     }
     result.meanLatitudeArgument = mean.meanAnomaly + mean.argumentOfPerigee;
+    result.rateMismatch = drag.rateMismatch();
     return stateFromMean(mean, m_inclination, perigee, node, result.state);
 }
 

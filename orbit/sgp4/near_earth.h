@@ -21,26 +21,4 @@ class NearEarthModel {
     InclinationTerms m_inclination;
 };
 
-/// Mean elements after the secular effects of drag, which act alike on near and deep orbits: axis and
-/// eccentricity shrink, the longitude runs ahead. Returns what the bounds of the theory say.
-struct DragEffect {
-    double axisFactor;  ///< of the semi-major axis before squaring
-    double eccentricityDrop;
-    double longitudeGain;  ///< in units of n0'' minutes
-};
-
-inline PropagationStatus applyDrag(const BrouwerOrbit& orbit, const DragEffect& drag, MeanState& mean) {
-    constexpr double lowestEccentricity = -0.001;
-    constexpr double smallestEccentricity = 1.0e-6;
-    mean.semiMajorAxis *= drag.axisFactor * drag.axisFactor;
-    mean.meanMotion = wgs72::ke / (mean.semiMajorAxis * std::sqrt(mean.semiMajorAxis));
-    mean.eccentricity -= drag.eccentricityDrop;
-    if (!(mean.eccentricity < 1.0 && mean.eccentricity >= lowestEccentricity)) {
-        return PropagationStatus::meanEccentricityOutOfRange;
-    }
-    mean.eccentricity = std::max(mean.eccentricity, smallestEccentricity);
-    mean.meanAnomaly += orbit.meanMotion * drag.longitudeGain;
-    return PropagationStatus::ok;
-}
-
 }  // namespace vantrace

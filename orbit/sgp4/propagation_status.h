@@ -12,6 +12,7 @@ enum class PropagationStatus {
     eccentricityOutOfRange,
     semiLatusRectumNegative,
     decayed,
+    dragRanAway,  ///< told by searches along a path, not by a propagation
 };
 
 constexpr std::string_view reasonText(PropagationStatus status) {
@@ -28,6 +29,8 @@ constexpr std::string_view reasonText(PropagationStatus status) {
             return "semi-latus rectum is negative";
         case PropagationStatus::decayed:
             return "the satellite has decayed (orbit below the earth's surface)";
+        case PropagationStatus::dragRanAway:
+            return "the element set is too old for this time: its drag terms have run away";
     }
     return "";
 }

@@ -1,0 +1,52 @@
+// One command of the program: what it takes, and what it does.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "app/composition.h"
+#include "app/output/row_writer.h"
+#include "platform/qt/command_line.h"
+
+namespace vantrace {
+
+/// What a command is run with.
+struct CommandContext {
+    const CommandLine& line;
+    Composition& program;
+    Format format;
+
+    OrbitEngine& engine() const { return program.engine(); }
+    const Console& console() const { return program.console(); }
+    std::unique_ptr<RowWriter> rows(std::span<const Column> columns) const {
+        return makeRowWriter(format, columns, console().out);
+    }
+};
+
+struct Command {
+    CommandSyntax syntax;
+    bool needsSite = false;
+    /// The exit status. Throws UserError, FileError and OutputFailure.
+    int (*run)(const CommandContext&) = nullptr;
+};
+
+Command trackCommand();
+Command stateCommand();
+Command passesCommand();
+Command listCommand();
+Command checkCommand();
+Command favouritesCommand();
+Command todayCommand();
+
+/// The arguments as trimmed names that the engine knows, sky bodies among them where they are allowed. Throws
+/// UserError for the first one it doesn't, with names that are like it.
+std::vector<std::string> namesOf(const CommandContext& context, bool skyBodiesToo);
+
+/// The time of an option, or now.
+Instant timeOrNow(const CommandContext& context, std::string_view option);
+
+}  // namespace vantrace

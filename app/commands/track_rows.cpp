@@ -1,0 +1,63 @@
+#include "app/commands/track_rows.h"
+
+#include <array>
+#include <cstdint>
+
+#include "app/site.h"
+#include "orbit/elements/element_set.h"
+
+namespace vantrace {
+
+namespace {
+
+constexpr std::array columns{
+    Column{"name", "name", Form::text},
+    Column{"utc", "UTC", Form::moment},
+    Column{"azimuth_deg", "az", Form::figure, 1},
+    Column{"elevation_deg", "el", Form::figure, 1},
+    Column{"range_km", "range km", Form::figure, 1},
+    Column{"range_rate_km_s", "km/s", Form::figure, 3},
+    Column{"latitude_deg", "lat", Form::figure, 2},
+    Column{"longitude_deg", "lon", Form::figure, 2},
+    Column{"height_km", "height km", Form::figure, 1},
+    Column{"descending", "south", Form::flag},
+    Column{"phase_angle_rad", "", Form::figure, 3},
+    Column{"orbit_number", "orbit", Form::count},
+    Column{"orbit_count", "", Form::figure, 3},
+};
+
+double degrees(double radians) {
+    return radians / radiansPerDegree;
+}
+
+}  // namespace
+
+std::span<const Column> trackColumns() {
+    return columns;
+}
+
+Row trackRow(OrbitEngine& engine, const std::string& name, const Instant& time) {
+    const TrackResult place = engine.track(name, time);
+    return {name,
+            time,
+            degrees(place.azimuthRad),
+            degrees(place.elevationRad),
+            place.rangeKm,
+            place.rangeRateKmS,
+            degrees(place.latitudeRad),
+            eastLongitude(degrees(place.longitudeRad)),
+            place.heightKm,
+            place.descending,
+            place.phaseAngleRad,
+            std::int64_t{engine.EngineOrbitNumber()},
+            engine.EngineOrbitPhase()};
+}
+
+Row failedTrackRow(const std::string& name, const Value& time) {
+    Row row(columns.size());
+    row[0] = name;
+    row[1] = time;
+    return row;
+}
+
+}  // namespace vantrace
