@@ -37,7 +37,8 @@ std::optional<double> parseNumber(std::string_view text) {
 double numberOption(std::string_view option, std::string_view text, const NumberRange& range) {
     const std::optional<double> value = parseNumber(text);
     if (!value) fail(option, text, "number");
-    if (*value < range.least || *value > range.most) fail(option, text, "number of the range " + rangeText(range));
+    if (*value < range.least || *value > range.most)
+        fail(option, text, "number of the range " + rangeText(range));
     return *value;
 }
 
@@ -47,7 +48,8 @@ int wholeNumberOption(std::string_view option, std::string_view text, const Numb
     return static_cast<int>(value);
 }
 
-std::vector<double> numberListOption(std::string_view option, std::string_view text, const NumberRange& range) {
+std::vector<double> numberListOption(std::string_view option, std::string_view text,
+                                     const NumberRange& range) {
     std::vector<double> values;
     std::size_t start = 0;
     while (start <= text.size()) {

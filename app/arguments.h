@@ -29,7 +29,8 @@ struct NumberRange {
 double numberOption(std::string_view option, std::string_view text, const NumberRange& range);
 int wholeNumberOption(std::string_view option, std::string_view text, const NumberRange& range);
 /// Numbers with "," between.
-std::vector<double> numberListOption(std::string_view option, std::string_view text, const NumberRange& range);
+std::vector<double> numberListOption(std::string_view option, std::string_view text,
+                                     const NumberRange& range);
 /// ISO 8601, without an offset UTC.
 Instant timeOption(std::string_view option, std::string_view text);
 

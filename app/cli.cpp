@@ -42,7 +42,8 @@ Format formatOf(const CommandLine& line) {
     throw UserError("--format: " + quoted(name) + " is none of table, csv, json");
 }
 
-int runCommand(const Command& command, const CommandLine& line, Surroundings& surroundings, Console& console) {
+int runCommand(const Command& command, const CommandLine& line, Surroundings& surroundings,
+               Console& console) {
     const Format format = formatOf(line);
     // A site is looked at wherever one is given, so that a wrong one is told.
     const std::optional<std::string> siteText = line.value("site");

@@ -35,8 +35,8 @@ std::vector<std::string> namesOf(const CommandContext& context, bool skyBodiesTo
         const bool isBody = skyBodyOf(name).has_value();
         if (isBody && !skyBodiesToo) throw UserError(quoted(name) + " is no satellite");
         if (!isBody && catalogue.find(name) == nullptr) {
-            throw UserError("no element file of " + context.program.state().AppPath + " holds " + quoted(name) +
-                            likeNames(catalogue, name));
+            throw UserError("no element file of " + context.program.state().AppPath + " holds " +
+                            quoted(name) + likeNames(catalogue, name));
         }
         names.push_back(name);
     }

@@ -24,8 +24,8 @@ Composition::Composition(Surroundings& surroundings, Console& console,
     : m_console(console),
       m_dialogs(console.err),
       m_errorLog(surroundings.clock, surroundings.format),
-      m_services{surroundings.clock, m_events,   surroundings.settings, m_speech,
-                 m_dialogs,          m_errorLog, m_windows,             surroundings.format} {
+      m_services{surroundings.clock, m_events,  surroundings.settings, m_speech, m_dialogs,
+                 m_errorLog,         m_windows, surroundings.format} {
     m_state.AppPath = folderOf(surroundings, namedFolder);
     m_state.OrbitEngine = std::make_shared<OrbitEngine>(&surroundings.clock);
     try {

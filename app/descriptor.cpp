@@ -12,8 +12,8 @@ namespace vantrace {
 
 namespace {
 
-/// Whether a call that failed is to be made again: after a signal, and where whoever shares the descriptor has
-/// made it one that doesn't wait, as soon as it is ready.
+/// Whether a call that failed is to be made again: after a signal, and where whoever shares the descriptor
+/// has made it one that doesn't wait, as soon as it is ready.
 bool isWorthAnotherTry(int descriptor, short readiness) {
     if (errno == EAGAIN) {
         pollfd wanted{descriptor, readiness, 0};

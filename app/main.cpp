@@ -24,7 +24,8 @@ int runOnMachine(const std::vector<std::string>& arguments, Console& console) {
     SystemClock clock;
     const UserEnvironment user = userEnvironment();
     FileSettingsStore settings(settingsPath(user));
-    Surroundings surroundings{clock, settings, machineFormatFromEnvironment(), {executablePath(), user, std::nullopt}};
+    Surroundings surroundings{
+        clock, settings, machineFormatFromEnvironment(), {executablePath(), user, std::nullopt}};
     return runProgram(arguments, surroundings, console);
 }
 

@@ -15,7 +15,8 @@ constexpr double darkEnoughDeg = -6.0;
 
 double sunElevationDeg(const GeodeticPoint& place, const Instant& time) {
     const BodyState sun = bodyState(SkyBody::sun, time);
-    return whereabouts(Observer(place), sun.state, sinCos(sun.siderealTimeRad)).elevationRad / radiansPerDegree;
+    return whereabouts(Observer(place), sun.state, sinCos(sun.siderealTimeRad)).elevationRad /
+           radiansPerDegree;
 }
 
 bool isLit(const TrackResult& satellite, const Instant& time) {

@@ -107,7 +107,7 @@ void OrbitEngine::setObserver(double latitudeDeg, double longitudeDeg, double he
         Observer({latitudeDeg * radiansPerDegree, longitudeDeg * radiansPerDegree, heightM / metresPerKm});
 }
 
-Satellite& OrbitEngine::satelliteOf(std::string_view name) {
+Satellite& OrbitEngine::satelliteOf(std::string_view name, const Instant* time) {
     const std::string_view asked = trimmedBlanks(name);
     if (m_lastAsked != nullptr && *m_lastAsked == asked) {
         return *m_lastSatellite;
@@ -117,7 +117,8 @@ Satellite& OrbitEngine::satelliteOf(std::string_view name) {
     }
     const CatalogueEntry* entry = m_catalogue->find(asked);
     if (entry == nullptr) {
-        throw EngineError(asked, "unknown name, no element file holds it");
+        constexpr std::string_view reason = "unknown name, no element file holds it";
+        throw time != nullptr ? EngineError(asked, *time, reason) : EngineError(asked, reason);
     }
     std::unique_ptr<Satellite>& satellite = m_satellites[entry->set->name];
     if (!satellite) {
@@ -144,7 +145,7 @@ TrackResult OrbitEngine::track(std::string_view name, const Instant& time) {
 }
 
 TrackResult OrbitEngine::trackSatellite(std::string_view name, const Instant& time) {
-    Satellite& satellite = satelliteOf(name);
+    Satellite& satellite = satelliteOf(name, &time);
     Propagated propagated;
     const double minutes = minutesBetween(satellite.elements().epoch, time);
     const PropagationStatus status = satellite.propagator().propagate(minutes, propagated);
@@ -194,7 +195,7 @@ StateVector OrbitEngine::EngineStateVector() const {
 }
 
 StateVector OrbitEngine::stateAt(std::string_view name, double minutesFromEpoch) {
-    Satellite& satellite = satelliteOf(name);
+    Satellite& satellite = satelliteOf(name, nullptr);
     Propagated propagated;
     const PropagationStatus status =
         satellite.propagator().propagate(finite(minutesFromEpoch, "minutes"), propagated);
@@ -211,7 +212,7 @@ std::unique_ptr<Mover> OrbitEngine::moverOf(std::string_view name, const Instant
     if (const std::optional<SkyBody> body = skyBodyOf(name)) {
         return std::make_unique<SkyBodyMover>(*body, from);
     }
-    return std::make_unique<SatelliteMover>(satelliteOf(name), from);
+    return std::make_unique<SatelliteMover>(satelliteOf(name, &from), from);
 }
 
 PassSearchResult OrbitEngine::passes(std::string_view name, const Instant& from, double days) {

@@ -96,7 +96,8 @@ class OrbitEngine {
         std::size_t operator()(std::string_view name) const { return std::hash<std::string_view>{}(name); }
     };
 
-    Satellite& satelliteOf(std::string_view name);
+    /// `time` is told in the failure, where there is one.
+    Satellite& satelliteOf(std::string_view name, const Instant* time);
     Satellite& remember(const std::pair<const std::string, Satellite*>& asked);
     std::unique_ptr<Mover> moverOf(std::string_view name, const Instant& from);
     TrackResult trackSatellite(std::string_view name, const Instant& time);

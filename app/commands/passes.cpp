@@ -99,15 +99,17 @@ Command passesCommand() {
     syntax.name = "passes";
     syntax.summary = "Lists the passes of satellites, the sun and the moon over the observer.";
     syntax.details =
-        "From rise to set over the mathematical horizon, without refraction. A pass under way at the start is "
+        "From rise to set over the mathematical horizon, without refraction. A pass under way at the start "
+        "is "
         "listed with its true rise; what never sets gives one row with the ends of the span.\n\n"
         "Sunlit: at rise or set the sun stands higher than -18 degrees below the satellite. Visible: sunlit, "
         "and at the rise the sun stands from -18 to -6 degrees at the observer.";
     syntax.arguments = {"NAME...", "names as in the element files; also \"sun\" and \"moon\"", 1, anyNumber};
-    syntax.options = {{"from", "TIME", "ISO 8601 (else: now)"},
-                      {"days", "N", "the span searched, up to 3653 (else: 2)"},
-                      {"min-elevation", "DEG",
-                       "leaves out passes whose greatest elevation is below; rise and set stay those of the horizon"}};
+    syntax.options = {
+        {"from", "TIME", "ISO 8601 (else: now)"},
+        {"days", "N", "the span searched, up to 3653 (else: 2)"},
+        {"min-elevation", "DEG",
+         "leaves out passes whose greatest elevation is below; rise and set stay those of the horizon"}};
     return {syntax, true, runPasses};
 }
 

@@ -59,10 +59,12 @@ int runState(const CommandContext& context) {
 Command stateCommand() {
     CommandSyntax syntax;
     syntax.name = "state";
-    syntax.summary = "Tells the state vectors of satellites at minutes from the epochs of their element sets.";
+    syntax.summary =
+        "Tells the state vectors of satellites at minutes from the epochs of their element sets.";
     syntax.details = "SGP4/SDP4 with WGS-72 constants; frame TEME of the moment, km and km/s.";
     syntax.arguments = {"NAME...", "names as in the element files", 1, anyNumber};
-    syntax.options = {{"minutes", "M1,M2,...", "minutes from the epoch, negative ones before it; such as -1440,0,1440"}};
+    syntax.options = {
+        {"minutes", "M1,M2,...", "minutes from the epoch, negative ones before it; such as -1440,0,1440"}};
     return {syntax, false, runState};
 }
 

@@ -51,7 +51,8 @@ int trackNames(const CommandContext& context) {
     bool isComplete = true;
     for (const std::string& name : names) {
         for (int i = 0; i < times.count; ++i) {
-            isComplete = addRow(context, name, plusSeconds(times.start, times.everyS * i), *rows) && isComplete;
+            isComplete =
+                addRow(context, name, plusSeconds(times.start, times.everyS * i), *rows) && isComplete;
         }
     }
     rows->finish();

@@ -32,7 +32,8 @@ Question questionOf(std::string_view line) {
 }
 
 std::string whatIsWrong(const Question& question, const BatchLine& line) {
-    if (line.isCut) return "the line is longer than " + std::to_string(BatchLines::longestLine) + " characters";
+    if (line.isCut)
+        return "the line is longer than " + std::to_string(BatchLines::longestLine) + " characters";
     if (line.text.find(',') == std::string_view::npos) {
         return quoted(line.text) + " is no line TIME,NAME";
     }

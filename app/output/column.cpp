@@ -50,14 +50,16 @@ std::string shortestText(double value) {
     const double size = std::abs(value);
     const bool isPlain = size >= 1e-6 && size < 1e15;
     std::array<char, 64> text{};
-    const auto end = isPlain ? std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed)
-                             : std::to_chars(text.data(), text.data() + text.size(), value);
+    const auto end =
+        isPlain ? std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed)
+                : std::to_chars(text.data(), text.data() + text.size(), value);
     return {text.data(), end.ptr};
 }
 
 std::string roundedText(double value, int decimals) {
     std::array<char, 400> text{};
-    const auto end = std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed, decimals);
+    const auto end =
+        std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed, decimals);
     std::string result(text.data(), end.ptr);
     if (result.starts_with('-') && std::ranges::none_of(result, isNonZero)) result.erase(0, 1);
     return result;
@@ -85,7 +87,8 @@ std::string tableText(const Value& value, const Column& column) {
         std::string operator()(const std::string& text) const { return printable(text); }
         std::string operator()(double number) const {
             if (!std::isfinite(number)) return "-";
-            return column.form == Form::duration ? durationText(number) : roundedText(number, column.decimals);
+            return column.form == Form::duration ? durationText(number)
+                                                 : roundedText(number, column.decimals);
         }
         std::string operator()(std::int64_t number) const { return std::to_string(number); }
         std::string operator()(bool flag) const { return flag ? "yes" : "no"; }

@@ -16,7 +16,8 @@ constexpr std::size_t widestColumn = 60;
 
 }  // namespace
 
-TableWriter::TableWriter(std::span<const Column> columns, std::ostream& out) : m_columns(columns), m_out(out) {
+TableWriter::TableWriter(std::span<const Column> columns, std::ostream& out)
+    : m_columns(columns), m_out(out) {
     for (std::size_t i = 0; i < columns.size(); ++i) {
         if (!columns[i].heading.empty()) m_shown.push_back(i);
     }

@@ -9,11 +9,11 @@ double greenwichMeanSiderealTime(const Instant& time) {
     constexpr double j2000 = 2451545.0;
     constexpr double daysPerCentury = 36525.0;
     const double centuries = ((time.day - j2000) + time.fraction) / daysPerCentury;
-    // The published 876600 h a century are whole turns at noon; what is left of them is the time of day.
-    const double timeOfDay = (time.day - j2000 - std::floor(time.day - j2000)) + time.fraction;
+    // The published 876600 h a century are whole turns at noon; what is left of them is the time since noon.
+    const double sinceNoon = time.fraction + 0.5;
     const double seconds =
         67310.54841 + (8640184.812866 + (0.093104 - 6.2e-6 * centuries) * centuries) * centuries;
-    const double turns = seconds / secondsPerDay + timeOfDay;
+    const double turns = seconds / secondsPerDay + sinceNoon;
     return (turns - std::floor(turns)) * 2.0 * std::numbers::pi;
 }
 

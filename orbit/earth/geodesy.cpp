@@ -14,6 +14,17 @@ Vector3 earthFixedPosition(const GeodeticPoint& point) {
             (normal * (1.0 - wgs84::eccentricity2) + point.heightKm) * sinLatitude};
 }
 
+namespace {
+
+/// sqrt(1 - x) for x up to 0.007: the binomial series, exact to 1e-15 there.
+double rootOfOneMinus(double x) {
+    return 1.0 - x * (1.0 / 2.0 +
+                      x * (1.0 / 8.0 +
+                           x * (1.0 / 16.0 + x * (5.0 / 128.0 + x * (7.0 / 256.0 + x * 21.0 / 1024.0)))));
+}
+
+}  // namespace
+
 GeodeticFoot geodeticFoot(const Vector3& p) {
     constexpr double a = wgs84::equatorialRadiusKm;
     constexpr double b = wgs84::polarRadiusKm;
@@ -39,7 +50,7 @@ GeodeticFoot geodeticFoot(const Vector3& p) {
     const double sinLatitude = north * scale;
     const double cosLatitude = outward * scale;
     const double height = axisDistance * cosLatitude + p.z * sinLatitude -
-                          a * std::sqrt(1.0 - wgs84::eccentricity2 * sinLatitude * sinLatitude);
+                          a * rootOfOneMinus(wgs84::eccentricity2 * sinLatitude * sinLatitude);
     return {sinLatitude, cosLatitude, height};
 }
 

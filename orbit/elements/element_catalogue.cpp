@@ -14,7 +14,7 @@ namespace vantrace {
 namespace {
 
 /// A full public catalogue holds some 5 MB; what is larger is no element file.
-constexpr std::size_t largestElementFile = 64 * 1024 * 1024;
+constexpr std::size_t largestElementFile = std::size_t{64} * 1024 * 1024;
 
 bool isScratchFile(std::string_view name) {
     for (const std::string_view ending : {".tmp", ".new", ".part", "~"}) {
@@ -33,7 +33,7 @@ bool statRegular(const std::filesystem::path& path, struct stat& status) {
 /// The first bytes of a file, enough to tell element sets from anything else; nothing when it can't be
 /// opened.
 std::optional<std::string> fileStart(const std::filesystem::path& path) {
-    constexpr std::size_t lookedAt = 64 * 1024;
+    constexpr std::size_t lookedAt = std::size_t{64} * 1024;
     std::ifstream stream(path, std::ios::binary);
     if (!stream) {
         return std::nullopt;
@@ -42,6 +42,16 @@ std::optional<std::string> fileStart(const std::filesystem::path& path) {
     stream.read(text.data(), static_cast<std::streamsize>(text.size()));
     text.resize(static_cast<std::size_t>(stream.gcount()));
     return text;
+}
+
+/// A file of nothing but bad sets must not fill the memory with complaints.
+void keepRemark(ElementFile& file, ElementRemark&& remark) {
+    constexpr std::size_t mostRemarks = 1000;
+    if (file.remarks.size() < mostRemarks) {
+        file.remarks.push_back(std::move(remark));
+    } else {
+        ++file.furtherRemarks;
+    }
 }
 
 /// Reads a file that looks like element sets; a file of any other kind stays empty.
@@ -61,9 +71,8 @@ ElementFile readElementFile(const std::filesystem::path& path) {
         const std::string text = readTextFile(path, largestElementFile);
         constexpr std::size_t bytesOfSet = 165;
         file.sets.reserve(text.size() / bytesOfSet + 1);
-        readElementSets(text,
-                        {[&file](ElementSet&& set) { file.sets.push_back(std::move(set)); },
-                         [&file](ElementRemark&& remark) { file.remarks.push_back(std::move(remark)); }});
+        readElementSets(text, {[&file](ElementSet&& set) { file.sets.push_back(std::move(set)); },
+                               [&file](ElementRemark&& remark) { keepRemark(file, std::move(remark)); }});
     } catch (const FileError& error) {
         file.failure = error.what();
     }

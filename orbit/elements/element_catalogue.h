@@ -19,7 +19,8 @@ namespace vantrace {
 struct ElementFile {
     std::string name;                    ///< bare name
     std::vector<ElementSet> sets;        ///< the good ones, in file order
-    std::vector<ElementRemark> remarks;  ///< sets left out, and odd ones that are used
+    std::vector<ElementRemark> remarks;  ///< sets left out, and odd ones that are used; the first 1000
+    std::size_t furtherRemarks = 0;      ///< how many more there are
     std::string failure;                 ///< why the file could not be read at all, else empty
     bool holdsElements = false;          ///< looks like element sets by content
 };

@@ -65,6 +65,11 @@ std::string_view trimmedName(std::string_view line) {
     return first == std::string_view::npos ? std::string_view() : line.substr(first);
 }
 
+/// A name goes to terminals and windows: control characters have no business in it.
+bool holdsControlCharacters(std::string_view name) {
+    return std::any_of(name.begin(), name.end(), [](char c) { return (c >= 0 && c < ' ') || c == 0x7f; });
+}
+
 /// Puts name line, line 1 and line 2 together as the lines come.
 class SetAssembler {
   public:
@@ -96,6 +101,11 @@ class SetAssembler {
     }
 
     void takeSet(std::string_view line2, std::size_t number) {
+        if (holdsControlCharacters(m_name)) {
+            m_name = {};
+            remark(m_line1Number, "the name before line 1 holds control characters", false);
+            return;
+        }
         ElementParse parse = parseElementLines({m_line1, line2});
         if (!parse.reason.empty()) {
             remark(parse.wrongLine == 1 ? m_line1Number : number, parse.reason, false);
@@ -148,7 +158,7 @@ void readElementSets(std::string_view text, const ElementReceiver& receiver) {
 }
 
 bool looksLikeElementSets(std::string_view text) {
-    constexpr std::size_t lookedAt = 64 * 1024;
+    constexpr std::size_t lookedAt = std::size_t{64} * 1024;
     const std::string_view start = text.substr(0, lookedAt);
     if (start.find('\0') != std::string_view::npos) {
         return false;

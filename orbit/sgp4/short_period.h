@@ -100,7 +100,7 @@ inline OrbitPlaneState shortPeriod(const MeanState& mean, const InclinationTerms
     const double second = first * pInverse;
     const double rateScale = mean.meanMotion * first * (1.0 / wgs72::ke);
 
-    OrbitPlaneState state;
+    OrbitPlaneState state{};
     state.radius = radius * (1.0 - 1.5 * second * beta * terms.threeTheta2Minus1) +
                    0.5 * first * terms.oneMinusTheta2 * cos2U;
     state.radialVelocity =

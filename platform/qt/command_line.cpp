@@ -28,8 +28,8 @@ void addOptions(QCommandLineParser& parser, const std::vector<OptionSyntax>& opt
 }
 
 void addGeneralOptions(QCommandLineParser& parser, const ProgramSyntax& program) {
-    parser.addOption(QCommandLineOption({QStringLiteral("h"), helpOption}));
-    parser.addOption(QCommandLineOption({QStringLiteral("v"), versionOption}));
+    parser.addOption(QCommandLineOption(QStringList{QStringLiteral("h"), helpOption}));
+    parser.addOption(QCommandLineOption(QStringList{QStringLiteral("v"), versionOption}));
     addOptions(parser, program.commonOptions);
 }
 

@@ -38,7 +38,7 @@ TEST_F(FavouritesTest, NamesThatNoElementFileHoldsLeaveTheFile) {
 }
 
 TEST_F(FavouritesTest, TheLineIsLookedForAsItStands) {
-    load("FUNCUBE-1 \nSpace  ISS\n (AO-73)\n");
+    load("FUNCUBE-1 \nISS (ZARYA) \n (AO-73)\n");
     EXPECT_EQ(state.FavouriteCount, 2);
     EXPECT_EQ(state.Favourites[1].Name, "FUNCUBE-1");
     EXPECT_EQ(state.Favourites[2].Name, "(AO-73)");

@@ -81,8 +81,8 @@ INSTANTIATE_TEST_SUITE_P(Orbits, OrderOfQuestions,
                          ::testing::Values(Orbit{"molniya.txt", "MERIDIAN 7"}, Orbit{"goes.txt", "GOES 16"},
                                            Orbit{"gps-ops.txt", "GPS BIIR-5  (PRN 22)"},
                                            Orbit{"stations.txt", "ISS (ZARYA)"}),
-                         [](const auto& info) {
-                             return info.param.file.substr(0, info.param.file.find_first_of("-."));
+                         [](const auto& one) {
+                             return one.param.file.substr(0, one.param.file.find_first_of("-."));
                          });
 
 }  // namespace

@@ -110,7 +110,7 @@ INSTANTIATE_TEST_SUITE_P(
                       ErrorCase{29141, 420.0, 440.0, PropagationStatus::decayed},
                       ErrorCase{28872, 50.0, 55.0, PropagationStatus::decayed},
                       ErrorCase{33333, 20.0, 25.0, PropagationStatus::semiLatusRectumNegative}),
-    [](const auto& info) { return std::to_string(info.param.catalogNumber); });
+    [](const auto& one) { return std::to_string(one.param.catalogNumber); });
 
 TEST(Verification, TheSlowestSetHasNoPositionAtAll) {
     Propagator propagator = propagatorOf(33334);
