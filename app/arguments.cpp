@@ -11,7 +11,7 @@ namespace vantrace {
 namespace {
 
 [[noreturn]] void fail(std::string_view option, std::string_view text, std::string_view wanted) {
-    throw UserError("--" + std::string(option) + ": " + quoted(text) + " is no " + std::string(wanted));
+    throw UserError("--" + std::string(option) + ": " + inQuotes(text) + " is no " + std::string(wanted));
 }
 
 std::string rangeText(const NumberRange& range) {
@@ -20,7 +20,7 @@ std::string rangeText(const NumberRange& range) {
 
 }  // namespace
 
-std::string quoted(std::string_view text) {
+std::string inQuotes(std::string_view text) {
     return "\"" + std::string(text) + "\"";
 }
 

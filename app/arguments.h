@@ -34,6 +34,6 @@ std::vector<double> numberListOption(std::string_view option, std::string_view t
 /// ISO 8601, without an offset UTC.
 Instant timeOption(std::string_view option, std::string_view text);
 
-std::string quoted(std::string_view text);
+std::string inQuotes(std::string_view text);
 
 }  // namespace vantrace

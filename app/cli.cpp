@@ -39,7 +39,7 @@ Format formatOf(const CommandLine& line) {
     if (name == "table") return Format::table;
     if (name == "csv") return Format::csv;
     if (name == "json") return Format::json;
-    throw UserError("--format: " + quoted(name) + " is none of table, csv, json");
+    throw UserError("--format: " + inQuotes(name) + " is none of table, csv, json");
 }
 
 int runCommand(const Command& command, const CommandLine& line, Surroundings& surroundings,

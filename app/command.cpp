@@ -19,7 +19,7 @@ std::string likeNames(const ElementCatalogue& catalogue, std::string_view wanted
     for (const CatalogueEntry& entry : catalogue.entries()) {
         if (count == most || lower.empty()) break;
         if (lowerCased(entry.set->name).find(lower) == std::string::npos) continue;
-        text += (count == 0 ? "; there is " : ", ") + quoted(entry.set->name);
+        text += (count == 0 ? "; there is " : ", ") + inQuotes(entry.set->name);
         ++count;
     }
     return text;
@@ -33,10 +33,10 @@ std::vector<std::string> namesOf(const CommandContext& context, bool skyBodiesTo
     for (const std::string& argument : context.line.arguments) {
         const std::string name(trimmed(argument));
         const bool isBody = skyBodyOf(name).has_value();
-        if (isBody && !skyBodiesToo) throw UserError(quoted(name) + " is no satellite");
+        if (isBody && !skyBodiesToo) throw UserError(inQuotes(name) + " is no satellite");
         if (!isBody && catalogue.find(name) == nullptr) {
             throw UserError("no element file of " + context.program.state().AppPath + " holds " +
-                            quoted(name) + likeNames(catalogue, name));
+                            inQuotes(name) + likeNames(catalogue, name));
         }
         names.push_back(name);
     }

@@ -21,7 +21,7 @@ constexpr NumberRange longitudes{-180.0, 180.0};
 constexpr NumberRange heightsM{-20000.0, 100000.0};
 
 [[noreturn]] void failSite(std::string_view text, const std::string& why) {
-    throw UserError("--site: " + quoted(text) + " " + why +
+    throw UserError("--site: " + inQuotes(text) + " " + why +
                     "; wanted is LAT,LON,HEIGHT_M, such as 47.38,8.54,450");
 }
 
@@ -38,7 +38,7 @@ double part(std::string_view site, std::string_view text, std::string_view what,
 double checkedSetting(const Setting& setting, const std::string& text, std::optional<double> value,
                       const NumberRange& range) {
     if (value && *value >= range.least && *value <= range.most) return *value;
-    throw UserError("the stored setting " + quoted(setting.key) + " is " + quoted(text) +
+    throw UserError("the stored setting " + inQuotes(setting.key) + " is " + inQuotes(text) +
                     ", which is no number of " + shortestText(range.least) + " to " +
                     shortestText(range.most) + "; name another place by --site");
 }

@@ -111,6 +111,11 @@ inline SinCos sinCosSmall(double x) {
         return {x * (1.0 - x2 * (1.0 / 6.0) * (1.0 - x2 * (1.0 / 20.0) * (1.0 - x2 * (1.0 / 42.0)))),
                 1.0 - 0.5 * x2 * (1.0 - x2 * (1.0 / 12.0) * (1.0 - x2 * (1.0 / 30.0)))};
     }
+    constexpr double quarterPi = 0.78539816339744830962;
+    if (std::abs(x) < quarterPi) {
+        const auto result = detail::sinCosNearZero(x);
+        return {result.sin, result.cos};
+    }
     return sinCos(x);
 }
 

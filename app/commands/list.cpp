@@ -63,9 +63,9 @@ Files filesOf(const CommandContext& context, std::string_view group) {
     const std::string& folder = context.program.state().AppPath;
     const std::optional<std::string> fileName = fileOfGroup(context, group);
     if (!fileName)
-        throw UserError(quoted(group) + " is neither an element file of " + folder + " nor a group");
+        throw UserError(inQuotes(group) + " is neither an element file of " + folder + " nor a group");
     if (Files named = filesOfName(all, *fileName); !named.empty()) return named;
-    throw UserError("the group " + quoted(group) + " is kept in " + quoted(*fileName) +
+    throw UserError("the group " + inQuotes(group) + " is kept in " + inQuotes(*fileName) +
                     ", and that is no element file of " + folder);
 }
 

@@ -35,9 +35,9 @@ std::string whatIsWrong(const Question& question, const BatchLine& line) {
     if (line.isCut)
         return "the line is longer than " + std::to_string(BatchLines::longestLine) + " characters";
     if (line.text.find(',') == std::string_view::npos) {
-        return quoted(line.text) + " is no line TIME,NAME";
+        return inQuotes(line.text) + " is no line TIME,NAME";
     }
-    if (!question.time) return quoted(question.timeText) + " is no time such as 2026-08-22T10:00:00Z";
+    if (!question.time) return inQuotes(question.timeText) + " is no time such as 2026-08-22T10:00:00Z";
     return question.name.empty() ? "there is no name behind the time" : "";
 }
 
@@ -46,7 +46,9 @@ Row failedRow(const Question& question) {
 }
 
 void answer(const CommandContext& context, const BatchLine& line, RowWriter& rows) {
-    const Question question = questionOf(line.text);
+    // Of an endless line enough to know it again.
+    constexpr std::size_t toldOfCutLine = 80;
+    const Question question = questionOf(line.isCut ? line.text.substr(0, toldOfCutLine) : line.text);
     std::string wrong = whatIsWrong(question, line);
     if (wrong.empty()) {
         try {
@@ -78,7 +80,7 @@ int trackBatch(const CommandContext& context, const std::string& path) {
         } catch (const OutputFailure&) {
             throw;
         } catch (const std::runtime_error& failure) {
-            throw UserError("--batch: " + quoted(path) + " " + failure.what());
+            throw UserError("--batch: " + inQuotes(path) + " " + failure.what());
         }
     };
     while (const std::optional<BatchLine> line = nextLine()) {

@@ -19,11 +19,19 @@ std::string csvMoment(const Instant& time, Form form) {
     return form == Form::moment ? isoTextShort(time) : isoText(time, 1);
 }
 
-/// "2026-08-22 10:00:00" of an ISO text, or only the time of day.
+/// An ISO text without the zeros that end its decimals.
+std::string withoutLastZeros(std::string text) {
+    text.pop_back();
+    text.erase(text.find_last_not_of('0') + 1);
+    if (text.ends_with('.')) text.pop_back();
+    return text + 'Z';
+}
+
+/// "2026-08-22 10:00:00", or only the time of day.
 std::string tableMoment(const Instant& time, Form form) {
-    std::string text = form == Form::moment ? isoTextShort(time) : isoText(time, 0);
+    if (!isCalendarTime(time)) return isoText(time, 0);
+    std::string text = form == Form::moment ? withoutLastZeros(isoText(time, 3)) : isoText(time, 0);
     constexpr std::size_t timeColumn = 11;
-    if (!text.ends_with('Z') || text.size() <= timeColumn) return text;
     text.pop_back();
     text[timeColumn - 1] = ' ';
     return form == Form::tenthsOfDay ? text.substr(timeColumn) : text;

@@ -17,7 +17,7 @@ enum class Form {
     figure,       ///< tables round to the column's decimals
     count,        ///< a whole number
     flag,         ///< CSV 1 or 0, JSON true or false, tables yes or no
-    moment,       ///< ISO 8601 with as many decimals as it needs, at most 6; tables without "T" and "Z"
+    moment,       ///< ISO 8601 with as many decimals as it needs, at most 6; tables to the millisecond
     tenths,       ///< ISO 8601 with one decimal; tables to the second
     tenthsOfDay,  ///< the same; tables only the time of day
     duration,     ///< seconds; tables as m:ss or h:mm:ss

@@ -1,0 +1,104 @@
+// The pass search against a look at every ten seconds of four days: nothing missed, nothing invented.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <string>
+#include <vector>
+
+#include "orbit/passes/pass_search.h"
+#include "tests/orbit/element_texts.h"
+#include "tests/orbit/passes/dense_path.h"
+
+namespace vantrace {
+namespace {
+
+struct Orbit {
+    const char* file;
+    const char* name;
+};
+
+// Low, high, inclined, retrograde, resonant and eccentric ones, up to an eccentricity of 0.91 and periods of
+// days.
+constexpr Orbit orbits[] = {
+    {"stations.txt", "ISS (ZARYA)"},      {"stations.txt", "FREGAT DEB"},
+    {"science.txt", "HST"},               {"science.txt", "SWIFT"},
+    {"science.txt", "ODIN"},              {"science.txt", "CASSIOPE"},
+    {"science.txt", "POLAR"},             {"science.txt", "CXO"},
+    {"science.txt", "XMM-NEWTON"},        {"science.txt", "CLUSTER II-FM7 (SAMBA)"},
+    {"science.txt", "MMS 1"},             {"science.txt", "SMILE"},
+    {"visual.txt", "ISIS 1"},             {"visual.txt", "ATLAS CENTAUR 2"},
+    {"visual.txt", "INTERCOSMOS 25"},     {"visual.txt", "AJISAI (EGS)"},
+    {"amateur.txt", "JAS-2 (FO-29)"},     {"alpha5.txt", "KZ-11 R/B"},
+    {"classfd.txt", "Ofeq 16"},           {"classfd.txt", "FIA Radar 2"},
+    {"classfd.txt", "NOSS 2-3 (D)"},      {"molniya.txt", "MERIDIAN 7"},
+    {"molniya.txt", "TJS-13"},            {"molniya.txt", "PHASE 3B (AO-10)"},
+    {"gps-ops.txt", "GPS BIIR-5  (PRN 22)"}, {"galileo.txt", "GSAT0201 (GALILEO 5)"},
+    {"goes.txt", "GOES 16"},              {"geo.txt", "QZS-2 (MICHIBIKI-2)"},
+};
+
+GeodeticPoint placeAt(double latitudeDeg, double longitudeDeg, double heightKm) {
+    return {latitudeDeg * radiansPerDegree, longitudeDeg * radiansPerDegree, heightKm};
+}
+
+std::vector<GeodeticPoint> sites() {
+    return {placeAt(90.0, 0.0, 0.0),     placeAt(-90.0, 0.0, 2.8),   placeAt(0.0, -78.5, 2.85),
+            placeAt(-17.0, 180.0, 0.01), placeAt(52.0, 5.0, 0.01),   placeAt(-33.9, 151.2, 0.05),
+            placeAt(78.2, 15.4, 0.45),   placeAt(28.0, 86.9, 8.85)};
+}
+
+/// The crossings that the passes tell, within the span.
+std::vector<DenseCrossing> toldCrossings(const PassSearchResult& result, const Instant& from, double spanS) {
+    std::vector<DenseCrossing> told;
+    const auto add = [&](const PassPoint& point, bool rise) {
+        const double seconds = secondsBetween(from, point.time);
+        if (seconds > 0.0 && seconds < spanS) told.push_back({seconds, rise, 0.0});
+    };
+    for (const Pass& pass : result.passes) {
+        if (pass.riseKnown) add(pass.rise, true);
+        if (pass.setKnown) add(pass.set, false);
+    }
+    return told;
+}
+
+class DenseSearch : public ::testing::TestWithParam<Orbit> {};
+
+TEST_P(DenseSearch, TellsTheSamePasses) {
+    constexpr double days = 4.0;
+    const ElementSet elements = shippedSet(GetParam().file, GetParam().name);
+    const Instant from = plusSeconds(elements.epoch, 20000.0);
+    DensePath path(elements, from, days);
+    Satellite satellite(elements);
+    for (const GeodeticPoint& site : sites()) {
+        SCOPED_TRACE("latitude " + std::to_string(site.latitudeRad / radiansPerDegree));
+        SatelliteMover mover(satellite, from);
+        const PassSearchResult result = findPasses(mover, Observer(site), from, days);
+        EXPECT_EQ(result.failureReason, "");
+        const std::vector<DenseCrossing> wanted = path.crossings(site);
+        const std::vector<DenseCrossing> told = toldCrossings(result, from, path.spanS());
+        ASSERT_EQ(told.size(), wanted.size());
+        for (std::size_t i = 0; i < wanted.size(); ++i) {
+            EXPECT_EQ(told[i].rise, wanted[i].rise) << "crossing " << i;
+            // A tenth of a microradian more where the path all but touches the horizon.
+            EXPECT_NEAR(told[i].seconds, wanted[i].seconds, 0.02 + 1e-7 / std::abs(wanted[i].ratePerS));
+        }
+        for (const Pass& pass : result.passes) {
+            const double rise = std::max(0.0, secondsBetween(from, pass.rise.time));
+            const double set = std::min(path.spanS(), secondsBetween(from, pass.set.time));
+            const double culmination = secondsBetween(from, pass.culmination.time);
+            if (culmination < 0.0 || culmination > path.spanS()) continue;
+            const double greatest = std::asin(path.greatestSine(site, rise, set));
+            EXPECT_NEAR(pass.culmination.elevationRad, greatest, 1e-3 * radiansPerDegree);
+        }
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Orbits, DenseSearch, ::testing::ValuesIn(orbits), [](const auto& one) {
+    std::string name;
+    for (const char c : std::string(one.param.name)) {
+        if (std::isalnum(static_cast<unsigned char>(c)) != 0) name += c;
+    }
+    return name;
+});
+
+}  // namespace
+}  // namespace vantrace

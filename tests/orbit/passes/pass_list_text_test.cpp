@@ -1,0 +1,142 @@
+#include "orbit/passes/pass_list_text.h"
+
+#include <regex>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "core/date_time.h"
+#include "tests/orbit/engine_test.h"
+
+namespace vantrace {
+namespace {
+
+struct Record {
+    std::string rise;
+    int riseAzimuth = 0, setAzimuth = 0, elevation = 0, seconds = 0;
+};
+
+std::vector<Record> recordsOf(const std::string& text) {
+    std::vector<Record> records;
+    std::istringstream list(text);
+    std::string part;
+    while (std::getline(list, part, ',')) {
+        EXPECT_TRUE(std::regex_match(part, std::regex(R"(\d{14} \d{1,3} \d{1,3} \d{1,2} \d+)"))) << part;
+        Record record;
+        std::istringstream(part) >> record.rise >> record.riseAzimuth >> record.setAzimuth >>
+            record.elevation >> record.seconds;
+        records.push_back(record);
+    }
+    return records;
+}
+
+Pass passFrom(const CalendarTime& rise, double seconds, double elevationDeg) {
+    Pass pass;
+    pass.rise = {instantFromCalendar(rise), 200.99 * radiansPerDegree, 0.0};
+    pass.set = {plusSeconds(pass.rise.time, seconds), 359.999 * radiansPerDegree, 0.0};
+    pass.culmination = {plusSeconds(pass.rise.time, seconds / 2.0), 0.0, elevationDeg * radiansPerDegree};
+    return pass;
+}
+
+std::string textOf(const Pass& pass) {
+    return passListText({{pass}, "", {}}, pass.rise.time, 1.0, 0.0);
+}
+
+TEST(PassListText, RoundsEachFigureItsOwnWay) {
+    EXPECT_EQ(textOf(passFrom({2026, 8, 21, 12, 0, 59.4}, 600.0, 45.0001)), "20260821120059 200 359 45 600");
+    EXPECT_EQ(textOf(passFrom({2026, 8, 21, 12, 0, 59.6}, 599.99, 44.9999)), "20260821120100 200 359 44 599");
+    EXPECT_EQ(textOf(passFrom({2026, 12, 31, 23, 59, 59.7}, 0.9, 0.2)), "20270101000000 200 359 0 0");
+    EXPECT_EQ(textOf(passFrom({2026, 1, 2, 3, 4, 5.0}, 60.0001, 90.0)), "20260102030405 200 359 90 60");
+}
+
+TEST(PassListText, IsEmptyWithoutAPass) {
+    EXPECT_EQ(passListText({}, instantFromDayNumber(46000.0), 3.0, 0.0), "");
+}
+
+class PassListTest : public EngineTest {
+  protected:
+    PassListTest() { loadShipped(); }
+};
+
+TEST_F(PassListTest, HoldsEveryPassOfItsSpan) {
+    setSite(52.0, 5.0, 0.0);
+    const double start = packDateTime({2026, 8, 21, 12, 0, 0});
+    for (const char* name : {"ISS (ZARYA)", "HST", "MERIDIAN 7"}) {
+        for (const int days : {1, 3, 4, 10}) {
+            const std::vector<Record> records = recordsOf(engine.EnginePassList(name, start, 1, days, 0, 0));
+            const auto passes = engine.passes(name, instantFromDayNumber(start), days).passes;
+            ASSERT_EQ(records.size(), passes.size()) << name << ' ' << days;
+            for (std::size_t i = 0; i < records.size(); ++i) {
+                std::string rise = isoText(passes[i].rise.time, 0);
+                std::erase_if(rise, [](char c) { return c < '0' || c > '9'; });
+                EXPECT_EQ(records[i].rise, rise);
+                EXPECT_NEAR(records[i].seconds + 0.5, passes[i].durationS(), 0.51);
+                EXPECT_NEAR(records[i].elevation + 0.5, passes[i].culmination.elevationRad / radiansPerDegree,
+                            0.51);
+            }
+        }
+    }
+    EXPECT_GT(recordsOf(engine.EnginePassList("ISS (ZARYA)", start, 1, 10, 0, 0)).size(), 20U);
+    EXPECT_EQ(engine.EnginePassList("ISS (ZARYA)", start, 1, 0, 0, 0), "");
+}
+
+struct LocalDays {
+    const char* what;
+    int offsetMinutes;
+    DateParts startUtc;
+    int days;
+    std::vector<std::string> rises;
+};
+
+class NeverSetting : public PassListTest, public ::testing::WithParamInterface<LocalDays> {};
+
+TEST_P(NeverSetting, IsCutIntoLocalDays) {
+    setSite(30.0, 275.0, 0.0);
+    clock.setUtc({2026, 8, 21, 12, 0, 0}, GetParam().offsetMinutes);
+    const std::string text =
+        engine.EnginePassList("GOES 19", packDateTime(GetParam().startUtc), 1, GetParam().days, 0, 0);
+    std::vector<std::string> rises;
+    for (const Record& record : recordsOf(text)) {
+        rises.push_back(record.rise);
+        EXPECT_EQ(record.seconds, 86399);
+        EXPECT_TRUE(record.elevation > 40 && record.elevation < 60) << record.elevation;
+    }
+    EXPECT_EQ(rises, GetParam().rises);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Offsets, NeverSetting,
+    ::testing::Values(
+        LocalDays{"Greenwich", 0, {2026, 8, 21, 20, 0, 0}, 3,
+                  {"20260821000000", "20260822000000", "20260823000000", "20260824000000"}},
+        LocalDays{"GreenwichAtMidnight", 0, {2026, 8, 21, 0, 0, 0}, 2, {"20260821000000", "20260822000000"}},
+        LocalDays{"India", 330, {2026, 8, 21, 20, 0, 0}, 3,
+                  {"20260821183000", "20260822183000", "20260823183000", "20260824183000"}},
+        LocalDays{"IndiaBeforeMidnight", 330, {2026, 8, 21, 18, 29, 59}, 1, {"20260820183000", "20260821183000"}},
+        LocalDays{"Pacific", -480, {2026, 8, 21, 7, 0, 0}, 1, {"20260820080000", "20260821080000"}},
+        LocalDays{"PacificAcrossTheYear", -480, {2026, 12, 31, 9, 0, 0}, 2,
+                  {"20261231080000", "20270101080000", "20270102080000"}}),
+    [](const auto& one) { return one.param.what; });
+
+TEST_F(PassListTest, AsksTheClockForItsOffsetAtEachCall) {
+    setSite(30.0, 275.0, 0.0);
+    const double start = packDateTime({2026, 8, 21, 12, 0, 0});
+    clock.setUtc({2026, 8, 21, 12, 0, 0}, 0);
+    EXPECT_EQ(recordsOf(engine.EnginePassList("GOES 19", start, 1, 1, 0, 0)).front().rise, "20260821000000");
+    clock.setUtc({2026, 8, 21, 12, 0, 0}, 60);
+    EXPECT_EQ(recordsOf(engine.EnginePassList("GOES 19", start, 1, 1, 0, 0)).front().rise, "20260820230000");
+    OrbitEngine withoutClock;
+    withoutClock.EngineSetKepPath(shippedFolder().string());
+    withoutClock.EngineSetLatitude(30.0);
+    withoutClock.EngineSetLongitude(275.0);
+    EXPECT_EQ(recordsOf(withoutClock.EnginePassList("GOES 19", start, 1, 1, 0, 0)).front().rise,
+              "20260821000000");
+}
+
+TEST_F(PassListTest, OfASatelliteThatNeverRisesIsEmpty) {
+    setSite(30.0, 95.0, 0.0);
+    EXPECT_EQ(engine.EnginePassList("GOES 19", packDateTime({2026, 8, 21, 12, 0, 0}), 1, 4, 0, 0), "");
+}
+
+}  // namespace
+}  // namespace vantrace
