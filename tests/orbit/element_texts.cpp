@@ -69,8 +69,8 @@ std::string withColumns(std::string line, std::size_t firstColumn, std::string_v
 std::string elementText(const MadeSet& made) {
     std::array<char, 128> line1{};
     std::array<char, 128> line2{};
-    std::snprintf(line1.data(), line1.size(), "1 %05dU 26001A   %s  .00000000  00000+0 %s 0  999 ", made.number,
-                  made.epoch.c_str(), made.bStar.c_str());
+    std::snprintf(line1.data(), line1.size(), "1 %05dU 26001A   %s  .00000000  00000+0 %s 0  999 ",
+                  made.number, made.epoch.c_str(), made.bStar.c_str());
     std::snprintf(line2.data(), line2.size(), "2 %05d %8.4f %8.4f %07.0f %8.4f %8.4f %11.8f%5d ", made.number,
                   made.inclinationDeg, made.nodeDeg, made.eccentricity * 1e7, made.perigeeDeg,
                   made.meanAnomalyDeg, made.turnsPerDay, made.revolution);

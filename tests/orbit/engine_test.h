@@ -5,6 +5,7 @@
 
 #include <string>
 
+#include "orbit/elements/element_catalogue.h"
 #include "orbit/engine_error.h"
 #include "orbit/orbit_engine.h"
 #include "tests/orbit/element_texts.h"

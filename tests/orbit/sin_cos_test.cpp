@@ -44,7 +44,8 @@ TEST(SinCos, IsTrueAroundEveryQuarterTurn) {
 }
 
 TEST(SinCos, HasNoSeamAtTheBoundWhereTheLibraryTakesOver) {
-    for (const double x : {std::nextafter(1e5, 0.0), 1e5, std::nextafter(1e5, 2e5), 123456.789, 1e15, 1e300}) {
+    for (const double x :
+         {std::nextafter(1e5, 0.0), 1e5, std::nextafter(1e5, 2e5), 123456.789, 1e15, 1e300}) {
         expectTrue(x, sinCos(x));
         expectTrue(-x, sinCos(-x));
     }

@@ -9,8 +9,8 @@
 namespace vantrace {
 namespace {
 
-constexpr double heightsKm[] = {-10.0, -1.0, 0.0,    0.002,   8.8,     100.0,
-                                400.0, 2e3, 20200.0, 35786.0, 1.0e5, 4.0e5};
+constexpr double heightsKm[] = {-10.0, -1.0, 0.0,     0.002,   8.8,   100.0,
+                                400.0, 2e3,  20200.0, 35786.0, 1.0e5, 4.0e5};
 
 void expectRoundTrip(const GeodeticPoint& point) {
     const GeodeticFoot foot = geodeticFoot(earthFixedPosition(point));
@@ -54,7 +54,8 @@ TEST(Geodesy, TheVerticalStandsOnTheEllipsoid) {
     // Going up a kilometre moves the position a kilometre along the zenith, and across no meridian.
     for (int i = -89; i <= 89; i += 7) {
         const double latitude = i * radiansPerDegree;
-        const Vector3 up = earthFixedPosition({latitude, 0.7, 1.0}) - earthFixedPosition({latitude, 0.7, 0.0});
+        const Vector3 up =
+            earthFixedPosition({latitude, 0.7, 1.0}) - earthFixedPosition({latitude, 0.7, 0.0});
         EXPECT_NEAR(up.x, std::cos(latitude) * std::cos(0.7), 1e-11);
         EXPECT_NEAR(up.y, std::cos(latitude) * std::sin(0.7), 1e-11);
         EXPECT_NEAR(up.z, std::sin(latitude), 1e-11);

@@ -14,8 +14,8 @@ namespace vantrace {
 namespace {
 
 std::vector<GeodeticPoint> sites() {
-    return {{0.0, 0.0, 0.0},      {0.9, 0.1, 0.05},        {-0.6, 3.1, 2.0},   {pi / 2.0, 0.0, 0.0},
-            {-pi / 2.0, 1.0, 2.8}, {0.3, pi, 0.0},          {0.3, -pi, 0.0},    {1.2, 6.2, 0.1},
+    return {{0.0, 0.0, 0.0},       {0.9, 0.1, 0.05},       {-0.6, 3.1, 2.0}, {pi / 2.0, 0.0, 0.0},
+            {-pi / 2.0, 1.0, 2.8}, {0.3, pi, 0.0},         {0.3, -pi, 0.0},  {1.2, 6.2, 0.1},
             {-1.5, 4.0, 400.0},    {0.001, -0.0001, -0.42}};
 }
 
@@ -53,10 +53,9 @@ TEST(LookAngles, AnObjectIsSeenWhereItWasPut) {
         for (double azimuth = 0.0; azimuth < twoPi; azimuth += pi / 12.0) {
             for (const double elevation : {-1.2, -0.3, 0.0, 0.001, 0.5, 1.2, 1.5}) {
                 for (const double rangeKm : {2.0, 900.0, 40000.0}) {
-                    const Vector3 line =
-                        rangeKm * std::cos(elevation) * std::sin(azimuth) * axes.east +
-                        rangeKm * std::cos(elevation) * std::cos(azimuth) * axes.north +
-                        rangeKm * std::sin(elevation) * axes.up;
+                    const Vector3 line = rangeKm * std::cos(elevation) * std::sin(azimuth) * axes.east +
+                                         rangeKm * std::cos(elevation) * std::cos(azimuth) * axes.north +
+                                         rangeKm * std::sin(elevation) * axes.up;
                     const Whereabouts seen = look(site, earthFixedPosition(site) + line, 2.345);
                     EXPECT_NEAR(seen.elevationRad, elevation, 2e-11);
                     EXPECT_LT(angleBetween(seen.azimuthRad, azimuth), 2e-11 / std::cos(elevation));
@@ -120,7 +119,8 @@ TEST(LookAngles, TheRangeRateIsTheRateOfTheRange) {
             const Vector3 r{9000.0 * part(random), 9000.0 * part(random), 9000.0 * part(random)};
             const Vector3 v{7.0 * part(random), 7.0 * part(random), 7.0 * part(random)};
             const auto rangeAt = [&](double seconds) {
-                return whereabouts(observer, {r + seconds * v, v}, sinCos(1.0 + earthRotationRadPerS * seconds))
+                return whereabouts(observer, {r + seconds * v, v},
+                                   sinCos(1.0 + earthRotationRadPerS * seconds))
                     .rangeKm;
             };
             if (rangeAt(0.0) < 500.0) continue;

@@ -111,7 +111,8 @@ TEST(ElementReader, ReadsTheShippedAlpha5Sets) {
 
 TEST(ElementReader, TakesEpochYearsFrom1957To2056) {
     const auto yearOf = [](const std::string& digits) {
-        return isoText(readAll(withColumns(line1, 19, digits) + "\n" + line2).sets.at(0).epoch, 0).substr(0, 4);
+        return isoText(readAll(withColumns(line1, 19, digits) + "\n" + line2).sets.at(0).epoch, 0)
+            .substr(0, 4);
     };
     EXPECT_EQ(yearOf("57"), "1957");
     EXPECT_EQ(yearOf("99"), "1999");

@@ -23,8 +23,7 @@ SiteFrame frameOf(const GeodeticPoint& site) {
                      std::cos(site.latitudeRad) * std::sin(site.longitudeRad), std::sin(site.latitudeRad)};
     // The point of the ellipsoid whose normal is `up`: (a^2 ux, a^2 uy, b^2 uz) / sqrt(a^2 ux^2 + ...).
     const double b = a * (1.0 - f);
-    const double length =
-        std::sqrt(a * a * (up.x * up.x + up.y * up.y) + b * b * up.z * up.z);
+    const double length = std::sqrt(a * a * (up.x * up.x + up.y * up.y) + b * b * up.z * up.z);
     return {Vector3{a * a * up.x / length, a * a * up.y / length, b * b * up.z / length} + site.heightKm * up,
             up};
 }
@@ -38,8 +37,8 @@ double sineFrom(const SiteFrame& site, const Vector3& position) {
 double siderealTime(const Instant& time) {
     const double days = (time.day - 2451545.0) + time.fraction;
     const double t = days / 36525.0;
-    const double degrees =
-        280.46061837 + 0.98564736629 * days + 360.0 * time.fraction + 180.0 + t * t * (0.000387933 - t / 38710000.0);
+    const double degrees = 280.46061837 + 0.98564736629 * days + 360.0 * time.fraction + 180.0 +
+                           t * t * (0.000387933 - t / 38710000.0);
     return std::fmod(degrees, 360.0) * radiansPerDegree;
 }
 
@@ -62,7 +61,8 @@ Vector3 DensePath::fixedPositionAt(double seconds) {
     }
     const double angle = siderealTime(plusSeconds(m_start, seconds));
     const Vector3& r = result.state.positionKm;
-    return {r.x * std::cos(angle) + r.y * std::sin(angle), r.y * std::cos(angle) - r.x * std::sin(angle), r.z};
+    return {r.x * std::cos(angle) + r.y * std::sin(angle), r.y * std::cos(angle) - r.x * std::sin(angle),
+            r.z};
 }
 
 double DensePath::sineAt(const GeodeticPoint& site, double seconds) {
@@ -104,7 +104,8 @@ std::vector<DenseCrossing> DensePath::crossings(const GeodeticPoint& site) {
         if (i + 1 == sines.size()) break;
         const double side = sines[i] >= 0.0 ? -1.0 : 1.0;
         const bool turns = side * sines[i] >= side * sines[i - 1] && side * sines[i] > side * sines[i + 1];
-        const bool oneSide = (sines[i + 1] >= 0.0) == (sines[i] >= 0.0) && (sines[i - 1] >= 0.0) == (sines[i] >= 0.0);
+        const bool oneSide =
+            (sines[i + 1] >= 0.0) == (sines[i] >= 0.0) && (sines[i - 1] >= 0.0) == (sines[i] >= 0.0);
         if (!turns || !oneSide) continue;
         const double turn = extremeBetween(site, here - stepS, here + stepS, side);
         if (side * sineAt(site, turn) > 0.0) {
@@ -120,13 +121,15 @@ double DensePath::greatestSine(const GeodeticPoint& site, double fromS, double t
     double best = std::max(sineAt(site, fromS), sineAt(site, toS));
     double bestAt = sineAt(site, fromS) == best ? fromS : toS;
     for (double seconds = std::ceil(fromS / stepS) * stepS; seconds < toS; seconds += stepS) {
-        const double sine = sineFrom(frame, m_positions[static_cast<std::size_t>(std::lround(seconds / stepS))]);
+        const double sine =
+            sineFrom(frame, m_positions[static_cast<std::size_t>(std::lround(seconds / stepS))]);
         if (sine > best) {
             best = sine;
             bestAt = seconds;
         }
     }
-    return sineAt(site, extremeBetween(site, std::max(fromS, bestAt - stepS), std::min(toS, bestAt + stepS), 1.0));
+    return sineAt(site,
+                  extremeBetween(site, std::max(fromS, bestAt - stepS), std::min(toS, bestAt + stepS), 1.0));
 }
 
 }  // namespace vantrace

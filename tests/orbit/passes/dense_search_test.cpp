@@ -20,20 +20,34 @@ struct Orbit {
 // Low, high, inclined, retrograde, resonant and eccentric ones, up to an eccentricity of 0.91 and periods of
 // days.
 constexpr Orbit orbits[] = {
-    {"stations.txt", "ISS (ZARYA)"},      {"stations.txt", "FREGAT DEB"},
-    {"science.txt", "HST"},               {"science.txt", "SWIFT"},
-    {"science.txt", "ODIN"},              {"science.txt", "CASSIOPE"},
-    {"science.txt", "POLAR"},             {"science.txt", "CXO"},
-    {"science.txt", "XMM-NEWTON"},        {"science.txt", "CLUSTER II-FM7 (SAMBA)"},
-    {"science.txt", "MMS 1"},             {"science.txt", "SMILE"},
-    {"visual.txt", "ISIS 1"},             {"visual.txt", "ATLAS CENTAUR 2"},
-    {"visual.txt", "INTERCOSMOS 25"},     {"visual.txt", "AJISAI (EGS)"},
-    {"amateur.txt", "JAS-2 (FO-29)"},     {"alpha5.txt", "KZ-11 R/B"},
-    {"classfd.txt", "Ofeq 16"},           {"classfd.txt", "FIA Radar 2"},
-    {"classfd.txt", "NOSS 2-3 (D)"},      {"molniya.txt", "MERIDIAN 7"},
-    {"molniya.txt", "TJS-13"},            {"molniya.txt", "PHASE 3B (AO-10)"},
-    {"gps-ops.txt", "GPS BIIR-5  (PRN 22)"}, {"galileo.txt", "GSAT0201 (GALILEO 5)"},
-    {"goes.txt", "GOES 16"},              {"geo.txt", "QZS-2 (MICHIBIKI-2)"},
+    {"stations.txt", "ISS (ZARYA)"},
+    {"stations.txt", "FREGAT DEB"},
+    {"science.txt", "HST"},
+    {"science.txt", "SWIFT"},
+    {"science.txt", "ODIN"},
+    {"science.txt", "CASSIOPE"},
+    {"science.txt", "POLAR"},
+    {"science.txt", "CXO"},
+    {"science.txt", "XMM-NEWTON"},
+    {"science.txt", "CLUSTER II-FM7 (SAMBA)"},
+    {"science.txt", "MMS 1"},
+    {"science.txt", "SMILE"},
+    {"visual.txt", "ISIS 1"},
+    {"visual.txt", "ATLAS CENTAUR 2"},
+    {"visual.txt", "INTERCOSMOS 25"},
+    {"visual.txt", "AJISAI (EGS)"},
+    {"amateur.txt", "JAS-2 (FO-29)"},
+    {"alpha5.txt", "KZ-11 R/B"},
+    {"classfd.txt", "Ofeq 16"},
+    {"classfd.txt", "FIA Radar 2"},
+    {"classfd.txt", "NOSS 2-3 (D)"},
+    {"molniya.txt", "MERIDIAN 7"},
+    {"molniya.txt", "TJS-13"},
+    {"molniya.txt", "PHASE 3B (AO-10)"},
+    {"gps-ops.txt", "GPS BIIR-5  (PRN 22)"},
+    {"galileo.txt", "GSAT0201 (GALILEO 5)"},
+    {"goes.txt", "GOES 16"},
+    {"geo.txt", "QZS-2 (MICHIBIKI-2)"},
 };
 
 GeodeticPoint placeAt(double latitudeDeg, double longitudeDeg, double heightKm) {
@@ -41,8 +55,8 @@ GeodeticPoint placeAt(double latitudeDeg, double longitudeDeg, double heightKm) 
 }
 
 std::vector<GeodeticPoint> sites() {
-    return {placeAt(90.0, 0.0, 0.0),     placeAt(-90.0, 0.0, 2.8),   placeAt(0.0, -78.5, 2.85),
-            placeAt(-17.0, 180.0, 0.01), placeAt(52.0, 5.0, 0.01),   placeAt(-33.9, 151.2, 0.05),
+    return {placeAt(90.0, 0.0, 0.0),     placeAt(-90.0, 0.0, 2.8), placeAt(0.0, -78.5, 2.85),
+            placeAt(-17.0, 180.0, 0.01), placeAt(52.0, 5.0, 0.01), placeAt(-33.9, 151.2, 0.05),
             placeAt(78.2, 15.4, 0.45),   placeAt(28.0, 86.9, 8.85)};
 }
 

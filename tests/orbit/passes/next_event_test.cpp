@@ -101,8 +101,9 @@ TEST_F(NextEventTest, AnEndingPathIsToldWithItsMoment) {
 
 TEST_F(NextEventTest, TimesThatAreNoneFailAndNameTheReason) {
     setSite(52.0, 5.0, 0.0);
-    for (const double time : {std::numeric_limits<double>::quiet_NaN(), std::numeric_limits<double>::infinity(),
-                              -std::numeric_limits<double>::infinity(), 1e12, -1e12, 1e300}) {
+    for (const double time :
+         {std::numeric_limits<double>::quiet_NaN(), std::numeric_limits<double>::infinity(),
+          -std::numeric_limits<double>::infinity(), 1e12, -1e12, 1e300}) {
         EXPECT_NE(failureOf([&] { engine.EngineNextAOS("HST", time); }), "") << time;
         EXPECT_NE(failureOf([&] { engine.EngineNextLOS("sun", time); }), "") << time;
         EXPECT_NE(failureOf([&] { engine.EnginePassList("HST", time, 1, 3, 0, 0); }), "") << time;

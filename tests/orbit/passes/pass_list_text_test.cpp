@@ -107,14 +107,24 @@ TEST_P(NeverSetting, IsCutIntoLocalDays) {
 INSTANTIATE_TEST_SUITE_P(
     Offsets, NeverSetting,
     ::testing::Values(
-        LocalDays{"Greenwich", 0, {2026, 8, 21, 20, 0, 0}, 3,
+        LocalDays{"Greenwich",
+                  0,
+                  {2026, 8, 21, 20, 0, 0},
+                  3,
                   {"20260821000000", "20260822000000", "20260823000000", "20260824000000"}},
         LocalDays{"GreenwichAtMidnight", 0, {2026, 8, 21, 0, 0, 0}, 2, {"20260821000000", "20260822000000"}},
-        LocalDays{"India", 330, {2026, 8, 21, 20, 0, 0}, 3,
+        LocalDays{"India",
+                  330,
+                  {2026, 8, 21, 20, 0, 0},
+                  3,
                   {"20260821183000", "20260822183000", "20260823183000", "20260824183000"}},
-        LocalDays{"IndiaBeforeMidnight", 330, {2026, 8, 21, 18, 29, 59}, 1, {"20260820183000", "20260821183000"}},
+        LocalDays{
+            "IndiaBeforeMidnight", 330, {2026, 8, 21, 18, 29, 59}, 1, {"20260820183000", "20260821183000"}},
         LocalDays{"Pacific", -480, {2026, 8, 21, 7, 0, 0}, 1, {"20260820080000", "20260821080000"}},
-        LocalDays{"PacificAcrossTheYear", -480, {2026, 12, 31, 9, 0, 0}, 2,
+        LocalDays{"PacificAcrossTheYear",
+                  -480,
+                  {2026, 12, 31, 9, 0, 0},
+                  2,
                   {"20261231080000", "20270101080000", "20270102080000"}}),
     [](const auto& one) { return one.param.what; });
 

@@ -32,7 +32,8 @@ class PassSearchTest : public EngineTest {
         EXPECT_GE(secondsBetween(pass.rise.time, pass.culmination.time), 0.0);
         EXPECT_GE(secondsBetween(pass.culmination.time, pass.set.time), 0.0);
         for (int i = 1; i < 100; ++i) {
-            const double elevation = elevationDeg(name, plusSeconds(pass.rise.time, pass.durationS() * i / 100));
+            const double elevation =
+                elevationDeg(name, plusSeconds(pass.rise.time, pass.durationS() * i / 100));
             EXPECT_GT(elevation, 0.0);
             EXPECT_LE(elevation, highest + 1e-6);
         }
@@ -45,7 +46,8 @@ TEST_F(PassSearchTest, EveryPassRisesCulminatesOnceAndSets) {
     for (const auto& [latitude, longitude] :
          {std::pair(52.0, 5.0), std::pair(0.0, 281.5), std::pair(-33.9, 151.2), std::pair(-17.0, 180.0)}) {
         setSite(latitude, longitude, 100.0);
-        for (const char* name : {"ISS (ZARYA)", "HST", "MERIDIAN 7", "GPS BIIR-5  (PRN 22)", "ORBCOMM FM04"}) {
+        for (const char* name :
+             {"ISS (ZARYA)", "HST", "MERIDIAN 7", "GPS BIIR-5  (PRN 22)", "ORBCOMM FM04"}) {
             const PassSearchResult result = engine.passes(name, from, 2.0);
             EXPECT_EQ(result.failureReason, "");
             for (std::size_t i = 0; i < result.passes.size(); ++i) {
@@ -140,8 +142,7 @@ TEST_F(PassSearchTest, TheSunAtThePolesStaysUpOrDown) {
 TEST_F(PassSearchTest, SunAndMoonRiseOnceADay) {
     setSite(40.0, 254.0, 1600.0);
     const Instant from = instantFromCalendar({2026, 3, 1, 0, 0, 0.0});
-    for (const auto& [name, least, most] :
-         {std::tuple("sun", 30U, 31U), std::tuple("moon", 28U, 30U)}) {
+    for (const auto& [name, least, most] : {std::tuple("sun", 30U, 31U), std::tuple("moon", 28U, 30U)}) {
         const PassSearchResult result = engine.passes(name, from, 30.0);
         EXPECT_TRUE(result.passes.size() >= least && result.passes.size() <= most) << result.passes.size();
         for (const Pass& pass : result.passes) expectSoundPass(name, pass);
