@@ -10,7 +10,7 @@ std::filesystem::path dataFile(const ProgramState& state, std::string_view bareN
     return state.AppPath + std::string(bareName);
 }
 
-std::string_view columns(std::string_view text, std::size_t first, std::ptrdiff_t count) {
+std::string_view columnsFrom(std::string_view text, std::size_t first, std::ptrdiff_t count) {
     if (count < 0) {
         throw std::invalid_argument("no text has " + std::to_string(count) + " characters");
     }

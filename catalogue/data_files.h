@@ -30,6 +30,6 @@ std::filesystem::path dataFile(const ProgramState& state, std::string_view bareN
 
 /// `count` characters from a column that counts from 1; fewer, or none, where the text ends before. Throws
 /// std::invalid_argument for a negative count.
-std::string_view columns(std::string_view text, std::size_t first, std::ptrdiff_t count);
+std::string_view columnsFrom(std::string_view text, std::size_t first, std::ptrdiff_t count);
 
 }  // namespace vantrace

@@ -8,7 +8,6 @@
 #include <stdexcept>
 
 #include "catalogue/data_files.h"
-#include "catalogue/line_reader.h"
 #include "core/date_time.h"
 #include "core/error_label.h"
 #include "core/files.h"
@@ -34,7 +33,7 @@ std::string quoted(std::string_view line) {
 
 bool isLine1WithEpoch(std::string_view line) {
     constexpr std::ptrdiff_t epochWidth = 14;
-    return line.starts_with("1 ") && numberValue(columns(line, epochYearColumn, epochWidth)) != 0.0;
+    return line.starts_with("1 ") && numberValue(columnsFrom(line, epochYearColumn, epochWidth)) != 0.0;
 }
 
 constexpr std::string_view gpsStart = "GPS ";
@@ -138,11 +137,11 @@ std::string monthDayYearText(double localDateTime) {
 std::int32_t DayOfYear(std::string_view monthDayYear) {
     constexpr std::array<std::int32_t, 12> daysBefore = {0,   31,  59,  90,  120, 151,
                                                          181, 212, 243, 273, 304, 334};
-    const std::string_view month = columns(monthDayYear, 1, 2);
+    const std::string_view month = columnsFrom(monthDayYear, 1, 2);
     const std::size_t yearWidth = std::min<std::size_t>(4, monthDayYear.size());
     const std::string_view year = monthDayYear.substr(monthDayYear.size() - yearWidth);
 
-    std::int32_t day = toInteger32(numberValue(columns(monthDayYear, 4, 2)));
+    std::int32_t day = toInteger32(numberValue(columnsFrom(monthDayYear, 4, 2)));
     const std::int32_t monthNumber = toInteger32(numberValue(month));
     if (monthNumber >= 1 && monthNumber <= 12) {
         day += daysBefore[static_cast<std::size_t>(monthNumber - 1)];
@@ -160,11 +159,11 @@ std::int32_t elementEpochDay(std::string_view line1) {
     if (width < 0) {
         throw std::invalid_argument("no epoch in the element line" + quoted(line1));
     }
-    return toInteger32(numberValue(columns(line1, epochDayColumn, width)));
+    return toInteger32(numberValue(columnsFrom(line1, epochDayColumn, width)));
 }
 
 std::int32_t elementEpochYear(std::string_view line1) {
-    const std::string_view year = trimmed(columns(line1, epochYearColumn, 2));
+    const std::string_view year = trimmed(columnsFrom(line1, epochYearColumn, 2));
     if (year.empty() || year.find_first_not_of("0123456789") != std::string_view::npos) {
         throw std::invalid_argument("no epoch year in the element line" + quoted(line1));
     }

@@ -7,6 +7,7 @@
 #include "catalogue/data_files.h"
 #include "core/program_state.h"
 #include "core/texts.h"
+#include "orbit/elements/element_catalogue.h"
 #include "orbit/engine_access.h"
 #include "orbit/orbit_engine.h"
 #include "platform/file_replacement.h"
@@ -16,7 +17,6 @@ namespace vantrace {
 
 namespace {
 
-constexpr std::size_t nameWidth = 15;
 constexpr std::size_t lastSaved = 499;
 
 }  // namespace
@@ -60,7 +60,7 @@ void SaveFavourites(ProgramState& state) {
         if (trimmed(name).empty()) {
             continue;
         }
-        text += std::string_view(name).substr(0, nameWidth);
+        text += std::string_view(name).substr(0, cutNameLength);
         text += lineEnd;
         ++written;
     }

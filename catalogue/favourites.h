@@ -10,9 +10,10 @@ struct ProgramState;
 
 /// What faves.dat says, read but not rewritten.
 struct FavouriteLines {
-    std::vector<std::string>
-        qualifying;                    ///< trimmed names that occur in the element files, in the file's order
-    std::vector<std::string> dropped;  ///< other lines that are not blank, as they stand in the file
+    /// Trimmed names that occur in the element files, in the file's order.
+    std::vector<std::string> qualifying;
+    /// Other lines that are not blank, as they stand in the file.
+    std::vector<std::string> dropped;
 };
 
 /// A line qualifies when it occurs, as it stands, anywhere in the engine's list of satellites. Throws

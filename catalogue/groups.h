@@ -8,8 +8,8 @@ struct ProgramState;
 
 /// Fills `Groups` and `GroupCount` from groups.dat, up to its first blank line. The flag is the last
 /// character of the line, whatever the third field holds. Clears the names behind the last group, but only up
-/// to entry
-/// 20. Throws FileError, and std::out_of_range for more than 40 lines; the count then stays as it was.
+/// to entry 20. Throws FileError, and std::out_of_range for more than 40 lines; the count then stays as it
+/// was.
 void LoadGroups(ProgramState& state);
 
 /// Rewrites groups.dat with the counted groups whose name isn't blank. Throws FileError, and

@@ -4,7 +4,6 @@
 #include <filesystem>
 
 #include "catalogue/data_files.h"
-#include "catalogue/line_reader.h"
 #include "core/error_label.h"
 #include "core/files.h"
 #include "core/labels.h"

@@ -48,6 +48,7 @@ std::string canonicalText(const fs::path& path) {
 
 bool FileExists(const fs::path& path) {
     const std::string pattern = path.filename().string();
+    if (pattern.empty()) return false;  // a folder with its separator matches nothing
     std::error_code error;
     if (fs::exists(path, error)) return true;
     if (pattern.find_first_of("*?") == std::string::npos) return false;

@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "core/date_time.h"
+#include "core/texts.h"
 #include "orbit/earth/earth_rotation.h"
 #include "orbit/elements/element_catalogue.h"
 #include "orbit/engine_error.h"
@@ -49,11 +50,11 @@ TrackResult trackResult(const Observer& observer, const StateVector& state, doub
 }  // namespace
 
 std::optional<SkyBody> skyBodyOf(std::string_view name) {
-    const std::string_view trimmed = trimmedBlanks(name);
-    if (trimmed == "sun") {
+    const std::string_view object = trimmed(name);
+    if (object == "sun") {
         return SkyBody::sun;
     }
-    return trimmed == "moon" ? std::optional(SkyBody::moon) : std::nullopt;
+    return object == "moon" ? std::optional(SkyBody::moon) : std::nullopt;
 }
 
 OrbitEngine::OrbitEngine(const Clock* clock)
@@ -108,7 +109,7 @@ void OrbitEngine::setObserver(double latitudeDeg, double longitudeDeg, double he
 }
 
 Satellite& OrbitEngine::satelliteOf(std::string_view name, const Instant* time) {
-    const std::string_view asked = trimmedBlanks(name);
+    const std::string_view asked = trimmed(name);
     if (m_lastAsked != nullptr && *m_lastAsked == asked) {
         return *m_lastSatellite;
     }
@@ -220,7 +221,7 @@ PassSearchResult OrbitEngine::passes(std::string_view name, const Instant& from,
     PassSearchResult result = findPasses(*mover, m_observer, from, finite(days, "days"));
     if (!result.failureReason.empty() && result.passes.empty() &&
         secondsBetween(from, result.failureTime) <= 0.0) {
-        throw EngineError(trimmedBlanks(name), from, result.failureReason);
+        throw EngineError(trimmed(name), from, result.failureReason);
     }
     return result;
 }
@@ -240,7 +241,7 @@ double eventDayNumber(std::string_view name, const EventSearchResult& event) {
         return dayNumber(*event.time);
     }
     if (!event.failureReason.empty()) {
-        throw EngineError(trimmedBlanks(name), event.failureTime, event.failureReason);
+        throw EngineError(trimmed(name), event.failureTime, event.failureReason);
     }
     return packDateTime({9999, 1, 1, 23, 59, 59});
 }

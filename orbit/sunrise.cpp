@@ -66,8 +66,8 @@ clsSunrise::clsSunrise(double presentDateTime) : m_dateDay(presentDateTime) {
                                            {"October", 31},
                                            {"November", 30},
                                            {"DEcember", 31}}};
-    MonthTables = {months,
-                   months};  // the leap years' February too; the day of the year comes from the calendar
+    // February has 28 days in the leap years' table too; the day of the year comes from the calendar.
+    MonthTables = {months, months};
 }
 
 bool clsSunrise::IsLeapYear(int year) {

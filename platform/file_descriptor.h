@@ -1,4 +1,4 @@
-// An open file of the platform; of use inside this folder only.
+// An open file of the machine, for what std streams can't do: files that must not block, be followed or be shared.
 #pragma once
 
 #include <unistd.h>

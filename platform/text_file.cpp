@@ -42,14 +42,23 @@ std::string readTextFile(const std::filesystem::path& path, std::size_t limitByt
     }
 }
 
+LineReader::LineReader(std::string_view text) : m_rest(text) {
+    constexpr std::string_view utf8Mark = "\xEF\xBB\xBF";
+    if (m_rest.starts_with(utf8Mark)) m_rest.remove_prefix(utf8Mark.size());
+}
+
+std::string_view LineReader::next() {
+    const std::size_t length = std::min(m_rest.find('\n'), m_rest.size());
+    std::string_view line = m_rest.substr(0, length);
+    m_rest.remove_prefix(std::min(length + 1, m_rest.size()));
+    if (line.ends_with('\r')) line.remove_suffix(1);
+    return line;
+}
+
 std::vector<std::string_view> splitLines(std::string_view text) {
     std::vector<std::string_view> lines;
-    while (!text.empty()) {
-        const std::size_t end = text.find('\n');
-        std::string_view line = text.substr(0, end);
-        text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
-        if (end != std::string_view::npos && line.ends_with('\r')) line.remove_suffix(1);
-        lines.push_back(line);
+    for (LineReader reader(text); !reader.atEnd();) {
+        lines.push_back(reader.next());
     }
     return lines;
 }

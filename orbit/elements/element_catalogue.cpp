@@ -6,6 +6,7 @@
 #include <fstream>
 #include <optional>
 
+#include "core/texts.h"
 #include "orbit/engine_error.h"
 #include "platform/text_file.h"
 
@@ -80,18 +81,10 @@ ElementFile readElementFile(const std::filesystem::path& path) {
 }
 
 std::string_view cutName(std::string_view name) {
-    return trimmedBlanks(name.substr(0, cutNameLength));
+    return trimmed(name.substr(0, cutNameLength));
 }
 
 }  // namespace
-
-std::string_view trimmedBlanks(std::string_view text) {
-    const std::size_t first = text.find_first_not_of(' ');
-    if (first == std::string_view::npos) {
-        return {};
-    }
-    return text.substr(first, text.find_last_not_of(' ') - first + 1);
-}
 
 bool ElementCatalogue::refresh(const std::filesystem::path& folder) {
     std::error_code error;
@@ -176,7 +169,7 @@ void ElementCatalogue::indexSet(const ElementSet& set, const ElementFile& file) 
 }
 
 const CatalogueEntry* ElementCatalogue::find(std::string_view name) const {
-    const std::string_view wanted = trimmedBlanks(name);
+    const std::string_view wanted = trimmed(name);
     if (const auto exact = m_byName.find(wanted); exact != m_byName.end()) {
         return exact->second;
     }

@@ -83,6 +83,4 @@ class ElementCatalogue {
 /// Length that names are cut to where favourites are kept.
 inline constexpr std::size_t cutNameLength = 15;
 
-std::string_view trimmedBlanks(std::string_view text);
-
 }  // namespace vantrace

@@ -2,22 +2,14 @@
 
 #include <array>
 
+#include "core/texts.h"
+
 namespace vantrace {
 
 namespace {
 
 constexpr bool isDigit(char c) {
     return c >= '0' && c <= '9';
-}
-
-std::string_view withoutBlanks(std::string_view text) {
-    while (!text.empty() && text.front() == ' ') {
-        text.remove_prefix(1);
-    }
-    while (!text.empty() && text.back() == ' ') {
-        text.remove_suffix(1);
-    }
-    return text;
 }
 
 constexpr std::array<double, 19> powersOfTen = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8, 1e9,
@@ -34,7 +26,7 @@ int checkDigit(std::string_view line) {
 }
 
 std::optional<double> decimalField(std::string_view text) {
-    text = withoutBlanks(text);
+    text = trimmed(text);
     const bool negative = !text.empty() && text.front() == '-';
     if (!text.empty() && (text.front() == '-' || text.front() == '+')) {
         text.remove_prefix(1);
@@ -64,7 +56,7 @@ std::optional<double> decimalField(std::string_view text) {
 
 std::optional<std::int32_t> integerField(std::string_view text) {
     std::int32_t value = 0;
-    for (const char c : withoutBlanks(text)) {
+    for (const char c : trimmed(text)) {
         if (!isDigit(c) || value > 99999999) {
             return std::nullopt;
         }
@@ -85,7 +77,7 @@ std::optional<double> assumedPointField(std::string_view text) {
 }
 
 std::optional<double> exponentField(std::string_view text) {
-    if (withoutBlanks(text).empty()) {
+    if (trimmed(text).empty()) {
         return 0.0;
     }
     const char sign = text.front();

@@ -2,44 +2,23 @@
 
 #include <algorithm>
 
+#include "core/texts.h"
+#include "platform/text_file.h"
+
 namespace vantrace {
 
 namespace {
 
-constexpr std::string_view utf8Mark = "\xEF\xBB\xBF";
-/// Longer lines are cut here before they are looked at: no name and no element line is that long.
-constexpr std::size_t longestLine = 256;
-
-/// Takes a text apart into lines without their ends and trailing blanks.
-class LineReader {
-  public:
-    explicit LineReader(std::string_view text) : m_rest(text) {
-        if (m_rest.substr(0, utf8Mark.size()) == utf8Mark) {
-            m_rest.remove_prefix(utf8Mark.size());
-        }
+/// A line without trailing blanks. Longer ones are cut before they are looked at: no name and no element line
+/// is that long.
+std::string_view trimmedLine(std::string_view line) {
+    constexpr std::size_t longestLine = 256;
+    line = line.substr(0, longestLine);
+    while (!line.empty() && (line.back() == ' ' || line.back() == '\r' || line.back() == '\t')) {
+        line.remove_suffix(1);
     }
-
-    bool next(std::string_view& line) {
-        if (m_rest.empty()) {
-            return false;
-        }
-        const std::size_t end = m_rest.find('\n');
-        line = m_rest.substr(0, end);
-        m_rest.remove_prefix(end == std::string_view::npos ? m_rest.size() : end + 1);
-        ++m_number;
-        line = line.substr(0, longestLine);
-        while (!line.empty() && (line.back() == ' ' || line.back() == '\r' || line.back() == '\t')) {
-            line.remove_suffix(1);
-        }
-        return true;
-    }
-
-    std::size_t number() const { return m_number; }
-
-  private:
-    std::string_view m_rest;
-    std::size_t m_number = 0;
-};
+    return line;
+}
 
 /// A line 1 or 2 begins with its number, a blank and a catalogue number, and is long. A name such as "1
 /// HOPEFUL" is not taken for one.
@@ -57,12 +36,12 @@ bool resemblesElementLine(std::string_view line, char number) {
             std::count_if(line.begin(), line.end(), [](char c) { return c >= '0' && c <= '9'; }) > 25);
 }
 
+/// A name line without the "0 " that some publishers put in front, which may stand alone.
 std::string_view trimmedName(std::string_view line) {
-    if (line.substr(0, 2) == "0 ") {
-        line.remove_prefix(2);
+    if (line.substr(0, 2) == "0 " || line == "0") {
+        line.remove_prefix(1);
     }
-    const std::size_t first = line.find_first_not_of(' ');
-    return first == std::string_view::npos ? std::string_view() : line.substr(first);
+    return trimmed(line);
 }
 
 /// A name goes to terminals and windows: control characters have no business in it.
@@ -148,10 +127,10 @@ class SetAssembler {
 void readElementSets(std::string_view text, const ElementReceiver& receiver) {
     LineReader lines(text);
     SetAssembler assembler(receiver);
-    std::string_view line;
-    while (lines.next(line)) {
+    for (std::size_t number = 1; !lines.atEnd(); ++number) {
+        const std::string_view line = trimmedLine(lines.next());
         if (!line.empty() && line.front() != '#') {
-            assembler.take(line, lines.number());
+            assembler.take(line, number);
         }
     }
     assembler.finish();
@@ -164,8 +143,8 @@ bool looksLikeElementSets(std::string_view text) {
         return false;
     }
     LineReader lines(start);
-    std::string_view line;
-    while (lines.next(line)) {
+    while (!lines.atEnd()) {
+        const std::string_view line = trimmedLine(lines.next());
         if (resemblesElementLine(line, '1') || resemblesElementLine(line, '2')) {
             return true;
         }

@@ -55,10 +55,9 @@ HorizonScan::HorizonScan(Mover& mover, const Observer& observer, double fromSeco
       m_direction(direction),
       m_siderealAtStart(sinCos(mover.siderealTimeAtStart())) {
     m_last.seconds = fromSeconds;
-    m_started = sampleAt(fromSeconds, m_last);
-    m_failed = !m_started;
+    m_failed = !sampleAt(fromSeconds, m_last);
     m_start = m_last;
-    m_upAtStart = m_started && m_last.upKm >= 0.0;
+    m_upAtStart = !m_failed && m_last.upKm >= 0.0;
 }
 
 bool HorizonScan::sampleAt(double seconds, HorizonSample& result) {

@@ -22,8 +22,7 @@ class HorizonScan {
     /// `direction` 1 or -1.
     HorizonScan(Mover& mover, const Observer& observer, double fromSeconds, int direction);
 
-    /// Whether there is a state at the start, and then whether it stands above the horizon.
-    bool started() const { return m_started; }
+    /// Whether there is a state at the start and it stands above the horizon.
     bool upAtStart() const { return m_upAtStart; }
     const HorizonSample& start() const { return m_start; }
 
@@ -55,7 +54,6 @@ class HorizonScan {
     HorizonSample m_start;
     HorizonSample m_last;
     std::optional<HorizonEvent> m_pending[2];
-    bool m_started = false;
     bool m_upAtStart = false;
     bool m_failed = false;
 };

@@ -82,13 +82,25 @@ class PassCollector {
     bool m_ended = false;
 };
 
+/// A moment just behind a crossing, with the mover on its new side, so that a search from there finds the
+/// next one.
+double behindCrossing(HorizonScan& scan, const HorizonEvent& event) {
+    constexpr double longestS = 0.05;
+    double offsetS = 1.0e-4;
+    HorizonSample behind;
+    while (offsetS < longestS && scan.sampleAt(event.sample.seconds + offsetS, behind) &&
+           (behind.upKm >= 0.0) != (event.kind == Crossing::rise)) {
+        offsetS *= 2.0;
+    }
+    return event.sample.seconds + offsetS;
+}
+
 EventSearchResult findNext(Mover& mover, const Observer& observer, const Instant& from, Crossing wanted) {
-    constexpr double justBehindS = 1.0e-4;
     HorizonScan scan(mover, observer, 0.0, 1);
     EventSearchResult result;
     while (const auto event = scan.next(eventSearchS)) {
         if (event->kind == wanted) {
-            result.time = plusSeconds(from, event->sample.seconds + justBehindS);
+            result.time = plusSeconds(from, behindCrossing(scan, *event));
             return result;
         }
     }

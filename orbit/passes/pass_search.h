@@ -47,8 +47,8 @@ struct EventSearchResult {
     Instant failureTime;
 };
 
-/// The next rise or set later than `from`. The moment given lies just behind the crossing (0.1 ms), so that a
-/// search from there finds the next one.
+/// The next rise or set later than `from`. The moment given lies just behind the crossing, within 0.05 s, so
+/// that a search from there finds the next one.
 EventSearchResult findNextRise(Mover& mover, const Observer& observer, const Instant& from);
 EventSearchResult findNextSet(Mover& mover, const Observer& observer, const Instant& from);
 

@@ -13,6 +13,7 @@ namespace vantrace {
 namespace {
 
 struct Orbit {
+    const char* label;
     const char* file;
     const char* name;
     double longitudeDeg;
@@ -73,16 +74,18 @@ TEST_P(GrazingPass, IsFoundAndNoneIsInvented) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Orbits, GrazingPass,
-                         ::testing::Values(Orbit{"science.txt", "HST", 5.0, 1},
-                                           Orbit{"science.txt", "HST", 5.0, -1},
-                                           Orbit{"science.txt", "SWIFT", 120.0, 1},
-                                           Orbit{"stations.txt", "ISS (ZARYA)", -60.0, 1},
-                                           Orbit{"stations.txt", "ISS (ZARYA)", 100.0, -1},
-                                           Orbit{"classfd.txt", "Ofeq 16", 30.0, 1},
-                                           Orbit{"visual.txt", "ATLAS CENTAUR 2", 0.0, 1},
-                                           Orbit{"visual.txt", "ATLAS CENTAUR 2", 200.0, -1},
-                                           Orbit{"stations.txt", "FREGAT DEB", 0.0, 1},
-                                           Orbit{"alpha5.txt", "ELECTRON R/B", 0.0, -1}));
+                         ::testing::Values(Orbit{"HstNorth", "science.txt", "HST", 5.0, 1},
+                                           Orbit{"HstSouth", "science.txt", "HST", 5.0, -1},
+                                           Orbit{"SwiftNorth", "science.txt", "SWIFT", 120.0, 1},
+                                           Orbit{"IssNorth", "stations.txt", "ISS (ZARYA)", -60.0, 1},
+                                           Orbit{"IssSouth", "stations.txt", "ISS (ZARYA)", 100.0, -1},
+                                           Orbit{"OfeqRetrograde", "classfd.txt", "Ofeq 16", 30.0, 1},
+                                           Orbit{"EccentricNorth", "visual.txt", "ATLAS CENTAUR 2", 0.0, 1},
+                                           Orbit{"EccentricSouth", "visual.txt", "ATLAS CENTAUR 2", 200.0,
+                                                 -1},
+                                           Orbit{"FregatNorth", "stations.txt", "FREGAT DEB", 0.0, 1},
+                                           Orbit{"ElectronSouth", "alpha5.txt", "ELECTRON R/B", 0.0, -1}),
+                         [](const auto& one) { return one.param.label; });
 
 }  // namespace
 }  // namespace vantrace

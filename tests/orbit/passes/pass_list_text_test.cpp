@@ -43,7 +43,8 @@ std::string textOf(const Pass& pass) {
 }
 
 TEST(PassListText, RoundsEachFigureItsOwnWay) {
-    EXPECT_EQ(textOf(passFrom({2026, 8, 21, 12, 0, 59.4}, 600.0, 45.0001)), "20260821120059 200 359 45 600");
+    EXPECT_EQ(textOf(passFrom({2026, 8, 21, 12, 0, 59.4}, 600.001, 45.0001)),
+              "20260821120059 200 359 45 600");
     EXPECT_EQ(textOf(passFrom({2026, 8, 21, 12, 0, 59.6}, 599.99, 44.9999)), "20260821120100 200 359 44 599");
     EXPECT_EQ(textOf(passFrom({2026, 12, 31, 23, 59, 59.7}, 0.9, 0.2)), "20270101000000 200 359 0 0");
     EXPECT_EQ(textOf(passFrom({2026, 1, 2, 3, 4, 5.0}, 60.0001, 90.0)), "20260102030405 200 359 90 60");

@@ -40,7 +40,7 @@ TEST(SkyBody, MoonPhasesComeAtTheirPublishedMinutes) {
         {"2000-01-21T04:40Z", fullMoon},     {"2000-01-28T07:57Z", lastQuarter},
         {"2010-01-07T10:39Z", lastQuarter},  {"2010-01-15T07:11Z", newMoon},
         {"2010-01-23T10:53Z", firstQuarter}, {"2010-01-30T06:18Z", fullMoon},
-        {"2020-01-02T04:45Z", firstQuarter}, {"2020-01-10T19:21Z", fullMoon},
+        {"2020-01-03T04:45Z", firstQuarter}, {"2020-01-10T19:21Z", fullMoon},
         {"2020-01-17T12:58Z", lastQuarter},  {"2020-01-24T21:42Z", newMoon},
         {"2024-01-04T03:30Z", lastQuarter},  {"2024-01-11T11:57Z", newMoon},
         {"2024-01-18T03:53Z", firstQuarter}, {"2024-01-25T17:54Z", fullMoon},
