@@ -22,6 +22,7 @@ struct Totals {
     std::size_t goodSets = 0;
     std::size_t leftOut = 0;
     std::size_t odd = 0;
+    std::size_t notListed = 0;
     std::size_t unreadable = 0;
 };
 
@@ -41,9 +42,15 @@ void addFile(const ElementFile& file, RowWriter& rows, Totals& totals) {
         rows.add({file.name, nothing, static_cast<std::int64_t>(remark.line), name,
                   remark.used ? "odd, used" : "left out", remark.reason});
     }
+    if (file.furtherRemarks == 0) return;
+    totals.notListed += file.furtherRemarks;
+    rows.add({file.name, nothing, nothing, nothing, "not listed",
+              std::to_string(file.furtherRemarks) + " more of these"});
 }
 
 std::string summary(const Totals& totals, std::int32_t satellites) {
+    const std::string notListed =
+        totals.notListed == 0 ? "" : std::to_string(totals.notListed) + " more left out or odd, ";
     return "\n" + std::to_string(totals.goodSets) + " good sets of " + std::to_string(satellites) +
            " satellites in " + std::to_string(totals.files) + " files; " + std::to_string(totals.leftOut) +
            " left out, " + std::to_string(totals.odd) + " odd and used, " +

@@ -139,9 +139,6 @@ void readElementSets(std::string_view text, const ElementReceiver& receiver) {
 bool looksLikeElementSets(std::string_view text) {
     constexpr std::size_t lookedAt = std::size_t{64} * 1024;
     const std::string_view start = text.substr(0, lookedAt);
-    if (start.find('\0') != std::string_view::npos) {
-        return false;
-    }
     LineReader lines(start);
     while (!lines.atEnd()) {
         const std::string_view line = trimmedLine(lines.next());

@@ -73,6 +73,29 @@ TEST_F(CheckTest, TellsTheSetsLeftOutAndTheOddOnesThatAreUsed) {
     EXPECT_NE(run({"check"}).out.find("1 left out, 1 odd and used"), std::string::npos);
 }
 
+TEST_F(CheckTest, AFileThatIsTooLargeAndOneOfNothingButBadSetsAreTold) {
+    std::string wrong(goesElements);
+    wrong.replace(wrong.find("9993"), 4, "9994");
+    std::string bad;
+    for (int i = 0; i < 3000; ++i) bad += wrong;
+    folder.write("bad.txt", bad);
+    std::string large;
+    while (large.size() <= std::size_t{64} << 20) large += bad;
+    folder.write("large.txt", large);
+    const CliResult result = runCsv({"check"});
+    EXPECT_EQ(result.status, 0);
+    std::size_t badRows = 0;
+    std::string unreadable;
+    for (const CsvRow& row : csvRows(result.out)) {
+        badRows += row.at(0) == "bad.txt" ? 1U : 0U;
+        if (row.at(4) == "unreadable") unreadable += row.at(0);
+        if (row.at(4) == "not listed") badRows += std::stoul(row.at(5)) - 1;
+    }
+    // A row for the file itself, and one, or one counted, for each set.
+    EXPECT_EQ(badRows, 3001U);
+    EXPECT_EQ(unreadable, "large.txt");
+}
+
 TEST_F(CheckTest, AFolderWithoutElementFilesIsNoError) {
     const TemporaryFolder empty;
     const CliResult result = runCsv({"check", "--data", empty.path().string()});
