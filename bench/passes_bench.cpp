@@ -8,8 +8,9 @@
 namespace vantrace {
 namespace {
 
-void passes(benchmark::State& state, const std::string& name) {
+void passes(benchmark::State& state, const std::string& name, double latitudeDeg = 52.0) {
     const std::unique_ptr<OrbitEngine> engine = shippedEngine();
+    engine->EngineSetLatitude(latitudeDeg);
     std::size_t found = 0;
     double hours = 0.0;
     for (auto _ : state) {
@@ -20,15 +21,16 @@ void passes(benchmark::State& state, const std::string& name) {
     }
     state.counters["passes"] = static_cast<double>(found);
 }
-BENCHMARK_CAPTURE(passes, iss, "ISS (ZARYA)")->Name("passes_two_days/iss")->Unit(benchmark::kMicrosecond);
-BENCHMARK_CAPTURE(passes, hst, "HST")->Name("passes_two_days/hst")->Unit(benchmark::kMicrosecond);
-BENCHMARK_CAPTURE(passes, polar, "NOAA 20 (JPSS-1)")
-    ->Name("passes_two_days/polar")
-    ->Unit(benchmark::kMicrosecond);
-BENCHMARK_CAPTURE(passes, geo, "GOES 19")->Name("passes_two_days/geo")->Unit(benchmark::kMicrosecond);
-BENCHMARK_CAPTURE(passes, molniya, "MERIDIAN 7")
-    ->Name("passes_two_days/molniya")
-    ->Unit(benchmark::kMicrosecond);
+constexpr auto microseconds = benchmark::kMicrosecond;
+BENCHMARK_CAPTURE(passes, iss, "ISS (ZARYA)")->Name("passes_two_days/iss")->Unit(microseconds);
+BENCHMARK_CAPTURE(passes, hst, "HST", 30.0)->Name("passes_two_days/hst_from_30_north")->Unit(microseconds);
+BENCHMARK_CAPTURE(passes, below, "HST")->Name("passes_two_days/hst_never_up")->Unit(microseconds);
+BENCHMARK_CAPTURE(passes, polar, "NOAA 20 (JPSS-1)")->Name("passes_two_days/polar")->Unit(microseconds);
+BENCHMARK_CAPTURE(passes, geo, "METEOSAT-12 (MTG-I1)")
+    ->Name("passes_two_days/geo_always_up")
+    ->Unit(microseconds);
+BENCHMARK_CAPTURE(passes, far, "GOES 19")->Name("passes_two_days/geo_never_up")->Unit(microseconds);
+BENCHMARK_CAPTURE(passes, molniya, "MERIDIAN 7")->Name("passes_two_days/molniya")->Unit(microseconds);
 
 void passList(benchmark::State& state) {
     const std::unique_ptr<OrbitEngine> engine = shippedEngine();
@@ -37,7 +39,7 @@ void passList(benchmark::State& state) {
         benchmark::DoNotOptimize(engine->EnginePassList("ISS (ZARYA)", start, 1, 3, 0, 0));
     }
 }
-BENCHMARK(passList)->Name("pass_list_three_days/iss")->Unit(benchmark::kMicrosecond);
+BENCHMARK(passList)->Name("pass_list_three_days/iss")->Unit(microseconds);
 
 void nextRise(benchmark::State& state) {
     const std::unique_ptr<OrbitEngine> engine = shippedEngine();
@@ -48,7 +50,7 @@ void nextRise(benchmark::State& state) {
         hours = hours < 24.0 ? hours + 0.7 : 0.0;
     }
 }
-BENCHMARK(nextRise)->Name("next_rise/iss")->Unit(benchmark::kMicrosecond);
+BENCHMARK(nextRise)->Name("next_rise/iss")->Unit(microseconds);
 
 }  // namespace
 }  // namespace vantrace

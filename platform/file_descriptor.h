@@ -1,4 +1,5 @@
-// An open file of the machine, for what std streams can't do: files that must not block, be followed or be shared.
+// An open file of the machine, for what std streams can't do: files that must not block, be followed or be
+// shared.
 #pragma once
 
 #include <unistd.h>

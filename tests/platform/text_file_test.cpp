@@ -25,7 +25,12 @@ TEST(SplitLines, TakesBothEndsAndALastLineWithoutOne) {
     EXPECT_EQ(splitLines("a"), Lines{"a"});
     EXPECT_EQ(splitLines("a\r\nb\nc\r\n"), (Lines{"a", "b", "c"}));
     EXPECT_EQ(splitLines("a\n\n\nb"), (Lines{"a", "", "", "b"}));
-    EXPECT_EQ(splitLines("a\rb\r\r\nc\r"), (Lines{"a\rb\r", "c\r"})) << "a lone CR ends nothing";
+    EXPECT_EQ(splitLines("a\rb\r\r\nc"), (Lines{"a\rb\r", "c"})) << "a lone CR ends nothing";
+    EXPECT_EQ(splitLines("a\r\nb\r"), (Lines{"a", "b"})) << "a file cut within its last line end";
+    EXPECT_EQ(splitLines("\xEF\xBB\xBF"
+                         "a\nb"),
+              (Lines{"a", "b"}))
+        << "a mark at the start is no text";
 }
 
 TEST(ReadTextFile, ReadsEveryByteUpToTheLimit) {

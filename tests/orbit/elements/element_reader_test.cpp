@@ -73,17 +73,34 @@ TEST(ElementReader, CallsASetWithoutANameByItsNumber) {
     const std::string alpha1 = withColumns(line1, 3, "B0001");
     const std::string alpha2 = withColumns(line2, 3, "B0001");
     EXPECT_EQ(namesIn(alpha1 + "\n" + alpha2), Names{"110001"});
+    // A lonely "0 " is no name.
+    EXPECT_EQ(namesIn("0\n" + line1 + "\n" + line2 + "\n"), Names{"25544"});
+    EXPECT_EQ(namesIn("0   \r\n" + line1 + "\n" + line2 + "\n"), Names{"25544"});
     // The name of one set is not carried over to the next.
     const std::string lines = "\n" + line1 + "\n" + line2 + "\n";
     EXPECT_EQ(namesIn("FIRST" + lines + lines), (Names{"FIRST", "25544"}));
 }
 
 TEST(ElementReader, KeepsNamesThatLookLikeTheStartOfALine) {
-    for (const std::string name : {"1 HOPEFUL", "2 BE OR NOT 2 BE", "1", "0", "1998-067A", "2026 001 DEB"}) {
+    for (const std::string name : {"1 HOPEFUL", "2 BE OR NOT 2 BE", "1", "00", "1998-067A", "2026 001 DEB"}) {
         EXPECT_EQ(namesIn(name + "\n" + line1 + "\n" + line2), Names{name});
     }
     const std::string longName(200, 'N');
     EXPECT_EQ(namesIn(longName + "\n" + line1 + "\n" + line2), Names{longName});
+}
+
+TEST(ElementReader, LeavesOutSetsWhoseNamesHoldControlCharacters) {
+    const std::string lines = "\n" + line1 + "\n" + line2 + "\n";
+    for (const std::string& name : {std::string("RED\x1b[31m"), std::string("BELL\a"), std::string("N\0L", 3),
+                                    std::string("DEL\x7f")}) {
+        const ReadElements read = readAll(name + lines + "GOOD" + lines);
+        ASSERT_EQ(read.sets.size(), 1U);
+        EXPECT_EQ(read.sets.front().name, "GOOD");
+        ASSERT_EQ(read.remarks.size(), 1U);
+        EXPECT_EQ(read.remarks.front().name, "");
+        EXPECT_FALSE(read.remarks.front().used);
+    }
+    EXPECT_EQ(namesIn("\xC3\x89TOILE" + lines), Names{"\xC3\x89TOILE"});
 }
 
 TEST(ElementReader, ReadsCatalogueNumbersInAlpha5) {
@@ -163,7 +180,7 @@ TEST(ElementReader, TellsElementTextsFromOthersByTheirContent) {
     EXPECT_FALSE(looksLikeElementSets("1 satellite of 25544, and 2 are not in these lines\n2 be or not\n"));
     EXPECT_FALSE(looksLikeElementSets(shippedText("locations.dat")));
     EXPECT_FALSE(looksLikeElementSets(shippedText("satellite.dat")));
-    EXPECT_FALSE(looksLikeElementSets(std::string("\0", 1) + "\n" + line1 + "\n" + line2));
+    EXPECT_TRUE(looksLikeElementSets(std::string("\0\1", 2) + "\n" + line1 + "\n" + line2));
     for (const std::string& file : shippedElementFiles()) {
         EXPECT_TRUE(looksLikeElementSets(shippedText(file))) << file;
     }
