@@ -46,7 +46,7 @@ inline Pair arcTangentNearZero(Pair t) {
 
 }  // namespace detail
 
-/// atan2(y1, x1) and atan2(y2, x2), -pi to pi, within 4e-16; 0 where both arguments are 0.
+/// atan2(y1, x1) and atan2(y2, x2), -pi to pi, within 5e-16; 0 where both arguments are 0.
 inline AnglePair arcTangents(double y1, double x1, double y2, double x2) {
     using namespace detail;
     const Pair y{y1, y2};

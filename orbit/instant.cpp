@@ -157,6 +157,7 @@ class TimeReader {
         return there;
     }
 
+    void require(bool holds) { m_failed = m_failed || !holds; }
     void expect(char wanted) { m_failed = !take(wanted) || m_failed; }
 
     /// What stands behind a decimal mark, as a fraction of a second; at least one digit.
@@ -194,6 +195,7 @@ int readOffsetMinutes(TimeReader& reader) {
     const int hours = reader.digits(2);
     reader.take(':');
     const int minutes = reader.digits(2);
+    reader.require(hours < 24 && minutes < 60);
     return (west ? -1 : 1) * (hours * 60 + minutes);
 }
 

@@ -80,7 +80,7 @@ inline constexpr double largestReduced = 1.0e5;
 
 }  // namespace detail
 
-/// Within 2e-16 of the true values for |x| up to 1e5 radians; beyond that the C library answers.
+/// Within 2.5e-16 of the true values for |x| up to 1e5 radians; beyond that the C library answers.
 inline SinCos sinCos(double x) {
     if (!(std::abs(x) < detail::largestReduced)) {
         return {std::sin(x), std::cos(x)};

@@ -143,7 +143,9 @@ bool HorizonScan::findTurningPoint(const HorizonSample& a, const HorizonSample& 
         }
         const bool before = side * m_direction * beyond.upRateKmS > 0.0;
         const double room = std::abs((before ? high : low).seconds - beyond.seconds);
-        if (side * beyond.upKm + std::abs(beyond.upRateKmS) * room < 0.0 ||
+        // Twice what the tangent allows: near a low perigee of a long orbit the height is not hollow all the
+        // way.
+        if (side * beyond.upKm + 2.0 * std::abs(beyond.upRateKmS) * room < 0.0 ||
             std::abs(guess - last) < closeEnoughS) {
             return false;
         }

@@ -163,13 +163,16 @@ const Resonance::Step& Resonance::keptStep(std::vector<Step>& steps, std::size_t
     return steps[index];
 }
 
-Resonance::Step Resonance::distantStep(const Step& last, std::size_t lastIndex, std::size_t index,
-                                       double stepMinutes) const {
-    Step step = last;
-    for (std::size_t i = lastIndex; i < index; ++i) {
-        step = stepAfter(step, static_cast<double>(i) * stepMinutes, stepMinutes);
+const Resonance::Step& Resonance::distantStep(const Step& last, std::size_t lastIndex, std::size_t index,
+                                              double stepMinutes) {
+    if (m_distant.stepMinutes != stepMinutes || m_distant.index > index) {
+        m_distant = {stepMinutes, lastIndex, last};
     }
-    return step;
+    for (; m_distant.index < index; ++m_distant.index) {
+        m_distant.step =
+            stepAfter(m_distant.step, static_cast<double>(m_distant.index) * stepMinutes, stepMinutes);
+    }
+    return m_distant.step;
 }
 
 Resonance::Motion Resonance::at(double minutes) {

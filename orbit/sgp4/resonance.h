@@ -48,7 +48,7 @@ class Resonance {
     void addHalfDayRates(Step& step, double minutes) const;
     Step stepAfter(const Step& step, double minutes, double stepMinutes) const;
     const Step& keptStep(std::vector<Step>& steps, std::size_t index, double stepMinutes);
-    Step distantStep(const Step& last, std::size_t lastIndex, std::size_t index, double stepMinutes) const;
+    const Step& distantStep(const Step& last, std::size_t lastIndex, std::size_t index, double stepMinutes);
 
     Kind m_kind = Kind::oneDay;
     double m_siderealTimeAtEpoch = 0.0;
@@ -58,7 +58,14 @@ class Resonance {
     double m_del1 = 0.0, m_del2 = 0.0, m_del3 = 0.0;
     double m_d2201 = 0.0, m_d2211 = 0.0, m_d3210 = 0.0, m_d3222 = 0.0, m_d4410 = 0.0, m_d4422 = 0.0;
     double m_d5220 = 0.0, m_d5232 = 0.0, m_d5421 = 0.0, m_d5433 = 0.0;
-    std::vector<Step> m_forward;   ///< from epoch on; entry 0 is the epoch
+    std::vector<Step> m_forward;  ///< from epoch on; entry 0 is the epoch
+    /// The last step reached beyond the kept ones: a later time on the same way goes on from there.
+    struct Distant {
+        double stepMinutes = 0.0;
+        std::size_t index = 0;
+        Step step{};
+    };
+    Distant m_distant;
     std::vector<Step> m_backward;  ///< from epoch back
 };
 

@@ -47,7 +47,7 @@ struct InclinationTerms {
 /// for small steps costs a fraction of a fresh evaluation.
 inline SinCos solveKepler(double u, double ax, double ay) {
     constexpr int mostSteps = 12;
-    // What a step leaves is some 1/24 of its fourth power times the eccentricity: below 1e-14.
+    // What a step leaves is some 1/24 of its fourth power times the eccentricity: some 1e-14.
     constexpr double smallRest = 2.4e-13;
     const double eccentricity = std::abs(ax) + std::abs(ay);
     double angle = u;

@@ -1,7 +1,9 @@
 // The pass search against a look at every ten seconds of four days: nothing missed, nothing invented.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
+#include <random>
 #include <string>
 #include <vector>
 
@@ -74,16 +76,13 @@ std::vector<DenseCrossing> toldCrossings(const PassSearchResult& result, const I
     return told;
 }
 
-class DenseSearch : public ::testing::TestWithParam<Orbit> {};
-
-TEST_P(DenseSearch, TellsTheSamePasses) {
-    constexpr double days = 4.0;
-    const ElementSet elements = shippedSet(GetParam().file, GetParam().name);
+void expectSamePasses(const ElementSet& elements, const std::vector<GeodeticPoint>& sites, double days) {
     const Instant from = plusSeconds(elements.epoch, 20000.0);
     DensePath path(elements, from, days);
     Satellite satellite(elements);
-    for (const GeodeticPoint& site : sites()) {
-        SCOPED_TRACE("latitude " + std::to_string(site.latitudeRad / radiansPerDegree));
+    for (const GeodeticPoint& site : sites) {
+        SCOPED_TRACE(elements.name + " from latitude " + std::to_string(site.latitudeRad / radiansPerDegree) +
+                     ", longitude " + std::to_string(site.longitudeRad / radiansPerDegree));
         SatelliteMover mover(satellite, from);
         const PassSearchResult result = findPasses(mover, Observer(site), from, days);
         EXPECT_EQ(result.failureReason, "");
@@ -103,6 +102,36 @@ TEST_P(DenseSearch, TellsTheSamePasses) {
             const double greatest = std::asin(path.greatestSine(site, rise, set));
             EXPECT_NEAR(pass.culmination.elevationRad, greatest, 1e-3 * radiansPerDegree);
         }
+    }
+}
+
+class DenseSearch : public ::testing::TestWithParam<Orbit> {};
+
+TEST_P(DenseSearch, TellsTheSamePasses) {
+    expectSamePasses(shippedSet(GetParam().file, GetParam().name), sites(), 4.0);
+}
+
+// Low perigees, gone through in minutes, seen from all over the earth.
+TEST(DenseSearchOfLowPerigees, TellsTheSamePasses) {
+    std::mt19937 random(41);
+    std::uniform_real_distribution<double> part(-1.0, 1.0);
+    std::vector<GeodeticPoint> everywhere;
+    for (int i = 0; i < 60; ++i) {
+        everywhere.push_back({std::asin(part(random)), pi * part(random), 1.0 + part(random)});
+    }
+    for (const MadeSet& orbit :
+         {MadeSet{.name = "TRANSFER", .inclinationDeg = 7.0, .eccentricity = 0.73, .turnsPerDay = 2.27},
+          MadeSet{.name = "LOW MOLNIYA",
+          .inclinationDeg = 63.4,
+          .eccentricity = 0.74,
+          .perigeeDeg = 280.0,
+          .turnsPerDay = 2.006},
+          MadeSet{.name = "THREE HOURS", .inclinationDeg = 97.0, .eccentricity = 0.38, .turnsPerDay = 8.0},
+          MadeSet{.name = "TWO HOURS", .inclinationDeg = 51.0, .eccentricity = 0.2, .turnsPerDay = 11.6},
+          MadeSet{.name = "BACKWARDS", .inclinationDeg = 140.0, .eccentricity = 0.14, .turnsPerDay = 13.0},
+          MadeSet{
+              .name = "JUST ROUND", .inclinationDeg = 70.0, .eccentricity = 0.049, .turnsPerDay = 15.0}}) {
+        expectSamePasses(madeElements(orbit), everywhere, 3.0);
     }
 }
 
