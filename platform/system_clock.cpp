@@ -16,8 +16,8 @@ ClockReading SystemClock::read() const {
     std::timespec now{};
     clock_gettime(CLOCK_REALTIME, &now);
     // localtime_r alone would keep the zone that it found first, also when the machine's is changed
-    // meanwhile.
-    tzset();
+    // meanwhile. Once a second is often enough to look: it costs more than all the rest.
+    if (m_zoneSeenAt.exchange(now.tv_sec, std::memory_order_relaxed) != now.tv_sec) tzset();
     std::tm local{};
     std::tm utc{};
     localtime_r(&now.tv_sec, &local);

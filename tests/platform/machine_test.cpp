@@ -41,7 +41,7 @@ TEST(SystemClock, TellsOneInstantInTheZoneOfTheMoment) {
     EXPECT_GE(india.utcMicroseconds, 0);
     EXPECT_LT(india.utcMicroseconds, 1000000);
     setenv("TZ", "NST3:30", 1);
-    const ClockReading newfoundland = clock.read();
+    const ClockReading newfoundland = SystemClock().read();
     EXPECT_EQ(secondsOf(newfoundland.local) - secondsOf(newfoundland.utc), -210 * 60);
 }
 

@@ -8,8 +8,9 @@
 namespace vantrace {
 
 TestServices::TestServices(MachineFormat format)
-    : errorLog(clock, format, folder.appPath()), services{clock,   events,   settings, speech,
-                                                          dialogs, errorLog, windows,  std::move(format)} {}
+    : errorLog(clock, format, folder.appPath()), services{clock,    events,  settings,         speech,
+                                                          dialogs,  desktop, displayMode,      process,
+                                                          errorLog, windows, std::move(format)} {}
 
 std::vector<std::string> TestServices::logLines() const {
     const std::string text = folder.read("error.log");

@@ -31,6 +31,9 @@ struct TestServices {
     MemorySettingsStore settings;
     RecordingSpeech speech;
     RecordingDialogs dialogs;
+    RecordingDesktop desktop;
+    RecordingDisplayMode displayMode;
+    RecordingProcess process;
     WindowRegistry windows;
     ErrorLog errorLog;
     /// What routines are handed.

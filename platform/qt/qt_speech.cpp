@@ -1,0 +1,158 @@
+#include "platform/qt/qt_speech.h"
+
+#include <signal.h>
+
+#include <QApplication>
+#include <QEventLoop>
+#include <QMessageBox>
+#include <QPointer>
+#include <QThread>
+#include <atomic>
+#include <chrono>
+#include <stdexcept>
+
+#include "platform/qt/qt_speech_desk.h"
+#include "platform/qt/qt_speech_worker.h"
+
+namespace vantrace {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+/// The list of eSpeak NG's 13000 voices takes some 3 seconds.
+constexpr auto engineSearch = 6s;
+constexpr auto threadEnd = 1s;
+
+/// A daemon that dies while it is written to must not end the program.
+void ignoreBrokenPipes() {
+    sigset_t brokenPipe;
+    sigemptyset(&brokenPipe);
+    sigaddset(&brokenPipe, SIGPIPE);
+    pthread_sigmask(SIG_BLOCK, &brokenPipe, nullptr);
+}
+
+QString aboutText(const SpeechFacts& facts) {
+    if (facts.voices.empty()) return QStringLiteral("No speech engine was found.");
+    const std::string& name = facts.voices[static_cast<std::size_t>(facts.voice - 1)];
+    return QStringLiteral("Speech engine: %1\nMade by: %2\nVoice: %3\nNumber of voices: %4")
+        .arg(QString::fromStdString(facts.engine), QString::fromStdString(facts.maker),
+             QString::fromStdString(name), QString::number(facts.voices.size()));
+}
+
+}  // namespace
+
+/// The thread that speaks, and the way to it.
+class QtSpeech::Engine {
+  public:
+    Engine() = default;
+    ~Engine();
+    Engine(const Engine&) = delete;
+    Engine& operator=(const Engine&) = delete;
+
+    /// After anything is laid on the desk, and before it is asked about the engine.
+    void wake();
+    SpeechDesk& desk() { return *m_desk; }
+
+  private:
+    void start();
+
+    // Shared with the thread, which may live on for a while.
+    const std::shared_ptr<SpeechDesk> m_desk = std::make_shared<SpeechDesk>(engineSearch);
+    const std::shared_ptr<std::atomic<bool>> m_isCalled = std::make_shared<std::atomic<bool>>(false);
+    QThread* m_thread = nullptr;
+    /// Belongs to the thread, and ends with it.
+    SpeechWorker* m_worker = nullptr;
+};
+
+QtSpeech::Engine::~Engine() {
+    if (!m_thread) return;
+    m_thread->quit();
+    if (m_thread->wait(QDeadlineTimer(threadEnd))) {
+        delete m_thread;
+        return;
+    }
+    // A hanging daemon holds it. It touches nothing but what it owns, and goes when it is let go.
+    QObject::connect(m_thread, &QThread::finished, m_thread, &QObject::deleteLater);
+}
+
+void QtSpeech::Engine::wake() {
+    if (!m_thread) start();
+    if (!m_worker) return;
+    // One call at a time waits for a thread that is held up, however much is spoken meanwhile.
+    if (m_isCalled->exchange(true)) return;
+    QMetaObject::invokeMethod(
+        m_worker,
+        [worker = m_worker, isCalled = m_isCalled] {
+            *isCalled = false;
+            worker->wake();
+        },
+        Qt::QueuedConnection);
+}
+
+void QtSpeech::Engine::start() {
+    if (!QCoreApplication::instance()) {
+        m_desk->tellAbsent();
+        return;
+    }
+    m_worker = new SpeechWorker(m_desk);
+    m_thread = QThread::create([worker = m_worker] {
+        const std::unique_ptr<SpeechWorker> owned(worker);
+        ignoreBrokenPipes();
+        QEventLoop().exec();
+    });
+    m_thread->setObjectName(QStringLiteral("speech"));
+    m_worker->moveToThread(m_thread);
+    m_thread->start();
+}
+
+QtSpeech::QtSpeech() : m_engine(std::make_unique<Engine>()) {}
+
+QtSpeech::~QtSpeech() = default;
+
+void QtSpeech::speak(std::string_view text) {
+    m_engine->desk().put(text);
+    m_engine->wake();
+}
+
+void QtSpeech::setSpeed(int wordsPerMinute) {
+    m_engine->desk().setSpeed(wordsPerMinute);
+    m_engine->wake();
+}
+
+void QtSpeech::setVoice(int number) {
+    m_engine->desk().setVoice(number);
+    m_engine->wake();
+}
+
+int QtSpeech::voice() {
+    m_engine->wake();
+    return m_engine->desk().facts().voice;
+}
+
+std::vector<std::string> QtSpeech::voices() {
+    m_engine->wake();
+    return m_engine->desk().facts().voices;
+}
+
+std::string QtSpeech::maker() {
+    m_engine->wake();
+    return m_engine->desk().facts().maker;
+}
+
+void QtSpeech::showAbout(std::string_view title) {
+    if (!qobject_cast<QApplication*>(QCoreApplication::instance())) {
+        throw std::runtime_error("there is no desktop to show a window on");
+    }
+    m_engine->wake();
+    // Held so, because the window that it lies over may go and take it along.
+    const QPointer<QMessageBox> box = new QMessageBox(QApplication::activeWindow());
+    box->setIcon(QMessageBox::Information);
+    box->setWindowTitle(QString::fromUtf8(title.data(), static_cast<qsizetype>(title.size())));
+    box->setTextFormat(Qt::PlainText);
+    box->setText(aboutText(m_engine->desk().facts()));
+    box->exec();
+    delete box.data();
+}
+
+}  // namespace vantrace

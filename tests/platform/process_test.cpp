@@ -1,0 +1,124 @@
+// Programs that are really started.
+#include "platform/process.h"
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <signal.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <chrono>
+#include <cstdio>
+#include <stdexcept>
+#include <thread>
+
+#include "tests/support/temporary_folder.h"
+
+namespace vantrace {
+namespace {
+
+class ProcessTest : public ::testing::Test {
+  protected:
+    std::filesystem::path script(std::string_view name, const std::string& lines) const {
+        folder.write(name, "#!/bin/sh\n" + lines);
+        std::filesystem::permissions(folder.path() / name, std::filesystem::perms::owner_all);
+        return folder.path() / name;
+    }
+    /// What a script writes beside itself and then moves to "result", so that it is seen whole.
+    std::string result() const {
+        for (int i = 0; i < 500 && !folder.exists("result"); ++i) {
+            std::this_thread::sleep_for(std::chrono::milliseconds(10));
+        }
+        return folder.read("result");
+    }
+    std::string finish() const {
+        const std::string path = folder.path().string();
+        return "mv '" + path + "/part' '" + path + "/result'\n";
+    }
+    std::string part() const { return " >'" + folder.path().string() + "/part'\n"; }
+
+    TemporaryFolder folder;
+};
+
+TEST_F(ProcessTest, StartsTheProgramAnewWithItsArgumentsAsTheyStand) {
+    SystemProcess process(script("program", "printf '%s|' \"$@\"" + part() + finish()),
+                          {"--data", "a folder", "", "$HOME;'\"*"});
+    process.startAgain();
+    EXPECT_EQ(result(), "--data|a folder||$HOME;'\"*|");
+    EXPECT_EQ(::waitpid(-1, nullptr, WNOHANG), -1) << "a child is left over";
+    EXPECT_EQ(errno, ECHILD);
+}
+
+TEST_F(ProcessTest, NobodyWaitsForWhatWasStarted) {
+    const auto before = std::chrono::steady_clock::now();
+    startDetached("/bin/sleep", {"5"});
+    EXPECT_LT(std::chrono::steady_clock::now() - before, std::chrono::seconds(3));
+}
+
+TEST_F(ProcessTest, WhatWasStartedHasASessionOfItsOwnAndNoneOfOurFilesAndSignals) {
+    const int open = ::open("/dev/null", O_RDONLY);
+    ASSERT_GE(open, 3);
+    const auto ignored = ::signal(SIGPIPE, SIG_IGN);
+    // Behind the name stat has state, parent, group and session. SIGPIPE is the bit 0x1000.
+    startDetached(script("program",
+                         "{ cut -d ')' -f 2 /proc/$$/stat | cut -d ' ' -f 5\n"
+                         "grep SigIgn /proc/$$/status | cut -c 21\n"
+                         "readlink /proc/$$/fd/0 /proc/$$/fd/2\n"
+                         "test -e /proc/$$/fd/" +
+                             std::to_string(open) + " && echo open || echo closed\n}" + part() + finish()),
+                  {});
+    const std::string told = result();
+    ::signal(SIGPIPE, ignored);
+    ::close(open);
+    const std::size_t end = told.find('\n');
+    ASSERT_NE(end, std::string::npos);
+    EXPECT_NE(told.substr(0, end), std::to_string(::getsid(0)));
+    EXPECT_EQ(told.substr(end + 1), "0\n/dev/null\n/dev/null\nclosed\n");
+}
+
+TEST_F(ProcessTest, AFailureIsToldToAProgramWithClosedStreamsToo) {
+    EXPECT_EXIT(
+        {
+            for (int stream = 0; stream < 3; ++stream) ::close(stream);
+            try {
+                startDetached(folder.path() / "missing", {});
+            } catch (const std::runtime_error&) {
+                ::_exit(3);
+            }
+            ::_exit(4);
+        },
+        ::testing::ExitedWithCode(3), "");
+}
+
+TEST_F(ProcessTest, AProgramThatCantBeRunIsToldWithTheReason) {
+    const auto failureOf = [](const std::filesystem::path& program) -> std::string {
+        try {
+            SystemProcess(program, {}).startAgain();
+        } catch (const std::runtime_error& failure) {
+            return failure.what();
+        }
+        return "started";
+    };
+    const std::string missing = folder.path() / "missing";
+    EXPECT_EQ(failureOf(missing), missing + " can't be started: No such file or directory");
+    folder.write("text", "no program");
+    EXPECT_EQ(failureOf(folder.path() / "text"),
+              (folder.path() / "text").string() + " can't be started: Permission denied");
+    EXPECT_EQ(::waitpid(-1, nullptr, WNOHANG), -1) << "a child is left over";
+}
+
+TEST_F(ProcessTest, EndKeepsWhatWasWrittenBefore) {
+    const std::string path = folder.path() / "written";
+    EXPECT_EXIT(
+        {
+            std::FILE* const file = std::fopen(path.c_str(), "w");
+            std::fputs("whole", file);
+            SystemProcess("/bin/true", {}).end(3);
+        },
+        ::testing::ExitedWithCode(3), "");
+    EXPECT_EQ(folder.read("written"), "whole");
+}
+
+}  // namespace
+}  // namespace vantrace
