@@ -2,6 +2,7 @@
 #pragma once
 
 #include <exception>
+#include <string>
 #include <string_view>
 #include <utility>
 
@@ -16,6 +17,9 @@ class ErrorLabel {
     /// Both outlive this; the labels are those of core/labels.h.
     ErrorLabel(Services& services, std::string_view label) : m_services(services), m_label(label) {}
 
+    /// Names what the routine is about from here on: the lines tell it as " (phase)" behind what happened.
+    void phase(std::string_view name) { m_suffix = " (" + std::string(name) + ")"; }
+
     /// Runs a step. When it throws a std::exception, one line is logged and the answer is false.
     template <class Step>
     bool step(Step&& work) {
@@ -23,7 +27,7 @@ class ErrorLabel {
             std::forward<Step>(work)();
             return true;
         } catch (const std::exception& failure) {
-            LogError(m_services, failure.what(), m_label);
+            LogError(m_services, failure.what() + m_suffix, m_label);
             return false;
         }
     }
@@ -42,6 +46,7 @@ class ErrorLabel {
   private:
     Services& m_services;
     std::string_view m_label;
+    std::string m_suffix;
 };
 
 }  // namespace vantrace

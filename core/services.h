@@ -4,9 +4,12 @@
 #include "core/error_log.h"
 #include "core/window_registry.h"
 #include "platform/clock.h"
+#include "platform/desktop.h"
 #include "platform/dialogs.h"
+#include "platform/display_mode.h"
 #include "platform/event_queue.h"
 #include "platform/machine_format.h"
+#include "platform/process.h"
 #include "platform/settings_store.h"
 #include "platform/speech.h"
 
@@ -18,6 +21,9 @@ struct Services {
     SettingsStore& settings;
     Speech& speech;
     Dialogs& dialogs;
+    Desktop& desktop;
+    DisplayMode& displayMode;
+    Process& process;
     ErrorLog& errorLog;
     WindowRegistry& windows;
     MachineFormat format;

@@ -4,6 +4,22 @@
 
 namespace vantrace {
 
+namespace {
+
+/// Raises a flag for as long as it lives.
+class Raised {
+  public:
+    explicit Raised(bool& flag) : m_flag(flag) { m_flag = true; }
+    ~Raised() { m_flag = false; }
+    Raised(const Raised&) = delete;
+    Raised& operator=(const Raised&) = delete;
+
+  private:
+    bool& m_flag;
+};
+
+}  // namespace
+
 void WindowRegistry::registerWindow(std::string name, Maker maker) {
     m_entries[std::move(name)].maker = std::move(maker);
 }
@@ -14,7 +30,7 @@ bool WindowRegistry::isRegistered(std::string_view name) const {
 
 RegisteredWindow* WindowRegistry::refer(std::string_view name) {
     Entry* const entry = find(name);
-    if (entry == nullptr) return nullptr;
+    if (entry == nullptr || m_isClosed) return nullptr;
     if (!entry->window) {
         entry->window = entry->maker();
         RegisteredWindow* const made = entry->window.get();
@@ -26,7 +42,37 @@ RegisteredWindow* WindowRegistry::refer(std::string_view name) {
 }
 
 void WindowRegistry::show(std::string_view name) {
-    if (RegisteredWindow* const window = refer(name)) window->show();
+    RegisteredWindow* const window = refer(name);
+    if (window == nullptr) return;
+    Entry& entry = *find(name);
+    const bool wasActive = window->isOnScreen() && m_active == name;
+    // Set before the show, since some window systems give the focus at once.
+    ++m_shows;
+    if (!window->hasFocus()) entry.owedFocus = m_shows;
+    window->show();
+    if (!wasActive && entry.window.get() == window) activate(name, entry);
+}
+
+void WindowRegistry::hide(std::string_view name) {
+    Entry* const entry = find(name);
+    if (entry == nullptr || !entry->window) return;
+    entry->owedFocus = 0;
+    if (m_active == name) m_active.clear();
+    entry->window->hide();
+}
+
+void WindowRegistry::focusCame(std::string_view name) {
+    Entry* const entry = find(name);
+    if (entry == nullptr || !entry->window) return;
+    if (entry->owedFocus != 0) {
+        // What was shown before won't get its focus any more.
+        const std::uint64_t paid = entry->owedFocus;
+        for (auto& [otherName, other] : m_entries) {
+            if (other.owedFocus <= paid) other.owedFocus = 0;
+        }
+        return;
+    }
+    if (m_active != name) activate(name, *entry);
 }
 
 bool WindowRegistry::isLoaded(std::string_view name) const {
@@ -41,14 +87,55 @@ bool WindowRegistry::isOnScreen(std::string_view name) const {
 
 void WindowRegistry::unload(std::string_view name) {
     Entry* const entry = find(name);
-    if (entry == nullptr || !entry->window) return;
+    if (entry == nullptr || !entry->window || entry->isAskedToUnload) return;
+    {
+        const Raised asking(entry->isAskedToUnload);
+        if (!entry->window->queryUnload()) return;
+    }
+    entry->owedFocus = 0;
+    if (m_active == name) m_active.clear();
     m_unloaded.push_back(std::move(entry->window));
-    m_unloaded.back()->hide();
+    RegisteredWindow& window = *m_unloaded.back();
+    window.retire();
+    window.hide();
+    window.unload();
+}
+
+void WindowRegistry::close() {
+    m_isClosed = true;
+    m_active.clear();
+    for (auto& [name, entry] : m_entries) {
+        if (!entry.window) continue;
+        m_unloaded.push_back(std::move(entry.window));
+        m_unloaded.back()->retire();
+        m_unloaded.back()->hide();
+    }
 }
 
 void WindowRegistry::releaseUnloaded() {
     // What a destructor unloads in turn comes to the new list.
     std::exchange(m_unloaded, {}).clear();
+}
+
+void WindowRegistry::beforeYield() {
+    forEachWindow(&RegisteredWindow::beforeYield);
+}
+
+void WindowRegistry::afterYield() {
+    forEachWindow(&RegisteredWindow::afterYield);
+}
+
+void WindowRegistry::activate(std::string_view name, Entry& entry) {
+    if (entry.isActivating) return;
+    const Raised activating(entry.isActivating);
+    m_active = name;
+    entry.window->activate();
+}
+
+void WindowRegistry::forEachWindow(void (RegisteredWindow::*action)()) {
+    for (auto& [name, entry] : m_entries) {
+        if (entry.window) (entry.window.get()->*action)();
+    }
 }
 
 const WindowRegistry::Entry* WindowRegistry::find(std::string_view name) const {

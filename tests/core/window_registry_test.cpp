@@ -2,55 +2,33 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/support/fake_window.h"
+
 namespace vantrace {
 namespace {
 
-struct WindowCounts {
-    int made = 0;
-    int loaded = 0;
-    int alive = 0;
-};
-
-class CountedWindow final : public RegisteredWindow {
-  public:
-    CountedWindow(WindowCounts& counts, std::function<void()> onLoad)
-        : m_counts(counts), m_onLoad(std::move(onLoad)) {
-        ++m_counts.made;
-        ++m_counts.alive;
-    }
-    ~CountedWindow() override { --m_counts.alive; }
-    void load() override {
-        ++m_counts.loaded;
-        if (m_onLoad) m_onLoad();
-    }
-    void show() override { m_isShown = true; }
-    void hide() override { m_isShown = false; }
-    bool isOnScreen() const override { return m_isShown; }
-
-  private:
-    WindowCounts& m_counts;
-    std::function<void()> m_onLoad;
-    bool m_isShown = false;
-};
+using Notes = std::vector<std::string>;
 
 class WindowRegistryTest : public testing::Test {
   protected:
     WindowRegistryTest() {
-        registry.registerWindow("Horizon",
-                                [this] { return std::make_unique<CountedWindow>(counts, onLoad); });
+        registerFake(registry, "Main", main);
+        registerFake(registry, "Horizon", horizon);
     }
 
-    WindowCounts counts;
-    std::function<void()> onLoad;
+    // Before the registry, which destroys the windows.
+    WindowScript main;
+    WindowScript horizon;
     WindowRegistry registry;
 };
 
 TEST_F(WindowRegistryTest, AskingMakesNothing) {
     EXPECT_FALSE(registry.isOnScreen("Horizon"));
     EXPECT_FALSE(registry.isLoaded("Horizon"));
-    EXPECT_FALSE(registry.isOnScreen("nobody"));
     registry.unload("Horizon");
-    EXPECT_EQ(counts.made, 0);
+    registry.hide("Horizon");
+    registry.focusCame("Horizon");
+    EXPECT_EQ(horizon.made, 0);
 }
 
 TEST_F(WindowRegistryTest, ANameThatNobodyRegisteredDoesNothing) {
@@ -66,31 +44,123 @@ TEST_F(WindowRegistryTest, AWindowIsMadeOnceAndAfreshAfterUnloading) {
     EXPECT_EQ(registry.refer("Horizon"), window);
     EXPECT_FALSE(registry.isOnScreen("Horizon"));
     registry.show("Horizon");
-    EXPECT_TRUE(registry.isOnScreen("Horizon"));
-    EXPECT_EQ(counts.loaded, 1);
+    EXPECT_EQ(horizon.notes, (Notes{"load", "show", "activate"}));
 
     registry.unload("Horizon");
     EXPECT_FALSE(registry.isOnScreen("Horizon"));
     EXPECT_FALSE(window->isOnScreen()) << "hidden, but not destroyed under its own handler";
     registry.show("Horizon");
-    EXPECT_EQ(counts.made, 2);
-    EXPECT_EQ(counts.alive, 2);
+    EXPECT_EQ(horizon.made, 2);
+    EXPECT_EQ(horizon.alive, 2);
     registry.releaseUnloaded();
-    EXPECT_EQ(counts.alive, 1);
+    EXPECT_EQ(horizon.alive, 1);
     EXPECT_TRUE(registry.isOnScreen("Horizon"));
 }
 
 TEST_F(WindowRegistryTest, ALoadMayReferToItsOwnWindowOrUnloadIt) {
-    onLoad = [this] { registry.refer("Horizon"); };
+    horizon.onLoad = [this] { registry.refer("Horizon"); };
     registry.show("Horizon");
-    EXPECT_EQ(counts.made, 1);
+    EXPECT_EQ(horizon.made, 1);
     registry.unload("Horizon");
 
-    onLoad = [this] { registry.unload("Horizon"); };
+    horizon.onLoad = [this] { registry.unload("Horizon"); };
     registry.show("Horizon");
     EXPECT_FALSE(registry.isOnScreen("Horizon"));
     registry.releaseUnloaded();
-    EXPECT_EQ(counts.alive, 0);
+    EXPECT_EQ(horizon.alive, 0);
+}
+
+TEST_F(WindowRegistryTest, AnUnloadedWindowIsStoppedAndHiddenBeforeItIsTold) {
+    horizon.onUnload = [this] {
+        EXPECT_FALSE(registry.isLoaded("Horizon"));
+        registry.unload("Horizon");
+        registry.show("Main");
+    };
+    registry.show("Horizon");
+    registry.unload("Horizon");
+    EXPECT_EQ(horizon.notes, (Notes{"load", "show", "activate", "retire", "hide", "unload"}));
+    EXPECT_TRUE(registry.isOnScreen("Main"));
+}
+
+TEST_F(WindowRegistryTest, AWindowCanRefuseToGo) {
+    horizon.staysOpen = true;
+    registry.show("Horizon");
+    registry.unload("Horizon");
+    EXPECT_TRUE(registry.isOnScreen("Horizon"));
+    EXPECT_EQ(horizon.count("unload"), 0);
+}
+
+TEST_F(WindowRegistryTest, ShowingActivatesOnlyWhatWasNotTheActiveWindow) {
+    registry.show("Main");
+    registry.show("Main");
+    EXPECT_EQ(main.count("activate"), 1);
+    registry.show("Horizon");
+    registry.show("Main");
+    EXPECT_EQ(main.count("activate"), 2) << "shown already, but another window was active";
+    registry.hide("Main");
+    registry.show("Main");
+    EXPECT_EQ(main.count("activate"), 3);
+}
+
+TEST_F(WindowRegistryTest, TheFocusThatAShowBringsLaterDoesNotActivateAgain) {
+    main.onActivate = [this] { registry.show("Horizon"); };
+    registry.show("Main");
+    // The window system comes behind: the focus of Main arrives after Horizon has been shown.
+    registry.focusCame("Main");
+    registry.focusCame("Horizon");
+    EXPECT_EQ(main.count("activate"), 1);
+    EXPECT_EQ(horizon.count("activate"), 1);
+
+    registry.focusCame("Main");
+    EXPECT_EQ(main.count("activate"), 2) << "now the user went there";
+}
+
+TEST_F(WindowRegistryTest, AFocusThatNeverCameIsNotWaitedFor) {
+    registry.show("Main");
+    registry.show("Horizon");
+    registry.focusCame("Horizon");
+    EXPECT_EQ(main.count("activate"), 1);
+    registry.focusCame("Main");
+    EXPECT_EQ(main.count("activate"), 2);
+}
+
+TEST_F(WindowRegistryTest, AFocusThatComesBackFromAMessageBoxActivatesNothing) {
+    registry.show("Main");
+    registry.focusCame("Main");
+    registry.focusCame("Main");
+    EXPECT_EQ(main.count("activate"), 1);
+
+    registry.show("Horizon");
+    registry.focusCame("Horizon");
+    registry.unload("Horizon");
+    registry.focusCame("Main");
+    EXPECT_EQ(main.count("activate"), 2) << "back from a window of ours";
+}
+
+TEST_F(WindowRegistryTest, AnActivationInsideItsOwnIsDropped) {
+    horizon.onUnload = [this] { registry.show("Main"); };
+    main.onActivate = [this] {
+        registry.unload("Horizon");
+        registry.show("Main");
+        registry.focusCame("Main");
+    };
+    registry.show("Horizon");
+    registry.show("Main");
+    EXPECT_EQ(main.count("activate"), 1);
+    EXPECT_EQ(horizon.count("unload"), 1);
+}
+
+TEST_F(WindowRegistryTest, AfterItsCloseNothingIsMadeOrTold) {
+    horizon.onUnload = [this] { registry.show("Main"); };
+    registry.show("Horizon");
+    registry.close();
+    EXPECT_FALSE(registry.isOnScreen("Horizon"));
+    EXPECT_EQ(horizon.count("retire"), 1);
+    EXPECT_EQ(horizon.count("unload"), 0);
+    registry.show("Main");
+    EXPECT_EQ(main.made, 0);
+    registry.releaseUnloaded();
+    EXPECT_EQ(horizon.alive, 0);
 }
 
 }  // namespace

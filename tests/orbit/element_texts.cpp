@@ -19,7 +19,8 @@ std::vector<std::string> shippedElementFiles() {
     std::vector<std::string> names;
     for (const auto& entry : std::filesystem::directory_iterator(shippedFolder())) {
         const std::string name = entry.path().filename().string();
-        if (name.ends_with(".txt") && name != "SOURCES.txt" && name != "CMakeLists.txt") {
+        const bool isProse = name == "SOURCES.txt" || name == "CMakeLists.txt" || name == "history.txt";
+        if (name.ends_with(".txt") && !isProse) {
             names.push_back(name);
         }
     }
