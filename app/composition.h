@@ -48,6 +48,9 @@ class Composition {
     IdleEventQueue m_events;
     SilentSpeech m_speech;
     StreamDialogs m_dialogs;
+    NoDesktop m_desktop;
+    FixedDisplayMode m_displayMode;
+    SystemProcess m_process;
     WindowRegistry m_windows;
     /// Without a folder it writes nothing: this program tells its failures on the error stream.
     ErrorLog m_errorLog;

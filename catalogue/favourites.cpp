@@ -68,4 +68,12 @@ void SaveFavourites(ProgramState& state) {
     state.FavouriteCount = written;
 }
 
+bool FavouriteExists(const ProgramState& state, std::string_view name) {
+    for (std::size_t i = 1; i <= static_cast<std::size_t>(std::max<std::int16_t>(0, state.FavouriteCount));
+         ++i) {
+        if (state.Favourites[i].Name == name) return true;
+    }
+    return false;
+}
+
 }  // namespace vantrace

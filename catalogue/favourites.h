@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace vantrace {
@@ -28,5 +29,8 @@ void LoadFavourites(ProgramState& state);
 /// Rewrites faves.dat with the entries 1 to 499 whose name isn't blank and counts them in `FavouriteCount`. A
 /// 500th entry lives in memory only. Throws FileError; the file is then as it was.
 void SaveFavourites(ProgramState& state);
+
+/// Whether a name is a favourite, to the letter.
+bool FavouriteExists(const ProgramState& state, std::string_view name);
 
 }  // namespace vantrace

@@ -1,0 +1,56 @@
+// The process around the tracker.
+#include <QApplication>
+#include <QCommandLineOption>
+#include <QCommandLineParser>
+#include <QFile>
+#include <QTimer>
+#include <exception>
+
+#include "app/ui/desktop_program.h"
+#include "core/version.h"
+
+namespace {
+
+using namespace vantrace;
+
+/// Ends the process for "--help", "--version" and for options that nobody knows.
+DesktopArguments readArguments(const QApplication& application) {
+    QCommandLineParser parser;
+    parser.setApplicationDescription(QStringLiteral("Tracks satellites for one observer at one site."));
+    const QCommandLineOption data(QStringLiteral("data"), QStringLiteral("The program folder."),
+                                  QStringLiteral("DIR"));
+    parser.addOption(data);
+    parser.addHelpOption();
+    parser.addVersionOption();
+    parser.addPositionalArgument(
+        QStringLiteral("switches"),
+        QStringLiteral("Views to open: /WORLD for the map, /NWQ /NCQ /NEQ /SWQ /SCQ /SEQ for a region."),
+        QStringLiteral("[switches...]"));
+    parser.process(application);
+
+    DesktopArguments arguments;
+    if (parser.isSet(data)) arguments.dataFolder = QFile::encodeName(parser.value(data)).toStdString();
+    arguments.commandLine = parser.positionalArguments().join(QLatin1Char(' ')).toStdString();
+    return arguments;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("vantrace"));
+    QApplication::setDesktopFileName(QStringLiteral("vantrace"));
+    QApplication::setApplicationVersion(
+        QStringLiteral("%1.%2.%3").arg(versionMajor).arg(versionMinor).arg(versionRevision));
+    // The program ends when Main is unloaded: there are moments without any window.
+    QApplication::setQuitOnLastWindowClosed(false);
+    try {
+        DesktopProgram program(readArguments(application));
+        // From inside the event loop, so that a program that ends at its start ends the loop.
+        QTimer::singleShot(0, [&program] { program.start(); });
+        return QApplication::exec();
+    } catch (const std::exception& failure) {
+        QtDialogs().message(failure.what());
+        return EXIT_FAILURE;
+    }
+}

@@ -1,0 +1,37 @@
+// How the program starts: the load of `Main`, and the way to its end.
+#pragma once
+
+#include <string>
+
+#include "core/shell/main_form.h"
+
+namespace vantrace {
+
+struct ProgramState;
+struct Services;
+
+/// "0.10": major and minor with the revision behind it, without a point between those two.
+std::string versionText();
+
+void Form_Initialize(ProgramState& state, Services& services);
+
+/// Makes the engine, checks the data files, loads the catalogue and the observer, and greets. The composition
+/// has set `AppPath` and `CommandLine`. A failed step is logged with the phase it belongs to; only a missing
+/// data file ends the process.
+void Form_Load(MainForm& form, ProgramState& state, Services& services);
+
+/// Favourites, groups, places, the observer, the voice; hands the observer to the engine.
+void LoadAllSettings(ProgramState& state, Services& services);
+
+/// One tick: the clock label.
+void Timer1_Timer(MainForm& form, Services& services);
+
+void Form_QueryUnload(MainForm& form, Services& services);
+/// Releases the engine and the windows; the program ends with this.
+void Form_Unload(MainForm& form, ProgramState& state, Services& services);
+
+/// Switches the screen to the last of its modes, with another width and height in pixels. Without a mode
+/// switch the log tells so, once while the program runs.
+void SetDisplayMode(MainForm& form, Services& services, int width, int height);
+
+}  // namespace vantrace

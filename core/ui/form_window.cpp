@@ -1,0 +1,160 @@
+#include "core/ui/form_window.h"
+
+#include <QCloseEvent>
+#include <QIcon>
+#include <QShortcut>
+#include <QTimer>
+#include <utility>
+
+#include "core/skin.h"
+#include "core/ui/skin_style.h"
+
+/// A library's pictures are there only when asked for; outside any namespace, as the macro wants it.
+static void providePictures() {
+    Q_INIT_RESOURCE(pictures);
+}
+
+namespace vantrace {
+
+namespace {
+
+/// Counts up for as long as it lives.
+class Counted {
+  public:
+    explicit Counted(int& count) : m_count(count) { ++m_count; }
+    ~Counted() { --m_count; }
+    Counted(const Counted&) = delete;
+    Counted& operator=(const Counted&) = delete;
+
+  private:
+    int& m_count;
+};
+
+}  // namespace
+
+FormWindow::FormWindow(WindowHost& host, std::string name) : m_host(host), m_name(std::move(name)) {
+    providePictures();
+    setWindowIcon(QIcon(QStringLiteral(":/art/vantrace.svg")));
+}
+
+void FormWindow::load() {
+    run([this] { formLoad(); });
+}
+
+void FormWindow::activate() {
+    run([this] { formActivate(); });
+}
+
+bool FormWindow::queryUnload() {
+    bool mayGo = true;
+    run([&] { mayGo = formQueryUnload(); });
+    return mayGo;
+}
+
+void FormWindow::retire() {
+    m_isRetired = true;
+    for (QTimer* const timer : findChildren<QTimer*>()) timer->stop();
+}
+
+void FormWindow::unload() {
+    run([this] { formUnload(); });
+}
+
+void FormWindow::show() {
+    writeControls();
+    if (isMinimized()) {
+        QMainWindow::showNormal();
+    } else {
+        QMainWindow::show();
+    }
+    raise();
+    activateWindow();
+}
+
+void FormWindow::hide() {
+    QMainWindow::hide();
+}
+
+bool FormWindow::isOnScreen() const {
+    return isVisible();
+}
+
+bool FormWindow::hasFocus() const {
+    return isActiveWindow();
+}
+
+void FormWindow::beforeYield() {
+    if (m_running > 0) writeControls();
+}
+
+void FormWindow::afterYield() {
+    if (m_running > 0 && !m_isRetired) readControls();
+}
+
+void FormWindow::handle(const std::function<void()>& handler) {
+    m_host.handle(m_name, [&] {
+        if (!m_isRetired) run(handler);
+    });
+}
+
+QTimer* FormWindow::addTimer(const QString& name, const std::function<void()>& tick) {
+    auto* const timer = new QTimer(this);
+    timer->setObjectName(name);
+    timer->setTimerType(Qt::CoarseTimer);
+    connect(timer, &QTimer::timeout, this, [this, tick, isTicking = false]() mutable {
+        if (isTicking) return;
+        isTicking = true;
+        handle(tick);
+        isTicking = false;
+    });
+    return timer;
+}
+
+void FormWindow::apply(QTimer& timer, const TimerState& state) {
+    if (!state.isEnabled) {
+        timer.stop();
+    } else if (!timer.isActive() || timer.interval() != state.intervalMs) {
+        timer.start(state.intervalMs);
+    }
+}
+
+void FormWindow::apply(const Skin& skin) {
+    if (m_isStyled && m_hasSkin == skin.isApplied) return;
+    m_isStyled = true;
+    m_hasSkin = skin.isApplied;
+    applySkinStyle(*this, skin);
+}
+
+void FormWindow::closeOnEscape() {
+    connect(new QShortcut(QKeySequence::Cancel, this), &QShortcut::activated, this, &QWidget::close);
+}
+
+void FormWindow::setText(QLabel& label, const std::string& text) {
+    label.setTextFormat(Qt::PlainText);
+    label.setText(QString::fromStdString(text));
+}
+
+void FormWindow::closeEvent(QCloseEvent* event) {
+    // The registry takes the window off the screen, or leaves it.
+    event->ignore();
+    handle([this] { m_host.registry().unload(m_name); });
+}
+
+bool FormWindow::event(QEvent* event) {
+    const bool isTaken = QMainWindow::event(event);
+    if (event->type() == QEvent::WindowActivate && !m_isRetired) {
+        m_host.handle(m_name, [this] { m_host.registry().focusCame(m_name); });
+    }
+    return isTaken;
+}
+
+void FormWindow::run(const std::function<void()>& handler) {
+    {
+        const Counted running(m_running);
+        if (!m_isRetired) readControls();
+        handler();
+    }
+    if (!m_isRetired) writeControls();
+}
+
+}  // namespace vantrace

@@ -1,0 +1,23 @@
+#include "core/ui/svg_picture.h"
+
+#include <QLabel>
+#include <QPainter>
+#include <QPixmap>
+#include <QSvgRenderer>
+
+namespace vantrace {
+
+void showPicture(QLabel& label, const QString& resource) {
+    QSvgRenderer picture(resource);
+    const QSize size = label.minimumSize().isEmpty() ? picture.defaultSize() : label.minimumSize();
+    const qreal scale = label.devicePixelRatioF();
+    QPixmap pixmap((QSizeF(size) * scale).toSize());
+    pixmap.fill(Qt::transparent);
+    QPainter painter(&pixmap);
+    picture.render(&painter);
+    painter.end();
+    pixmap.setDevicePixelRatio(scale);
+    label.setPixmap(pixmap);
+}
+
+}  // namespace vantrace

@@ -1,0 +1,48 @@
+#include "core/ui/window_host.h"
+
+#include <QCoreApplication>
+#include <QMetaObject>
+#include <exception>
+
+#include "core/error_log.h"
+#include "core/window_registry.h"
+#include "platform/dialogs.h"
+
+namespace vantrace {
+
+WindowHost::WindowHost(WindowRegistry& registry, Dialogs& dialogs, ErrorLog& errorLog)
+    : m_registry(registry), m_dialogs(dialogs), m_errorLog(errorLog) {}
+
+void WindowHost::handle(std::string_view window, const std::function<void()>& handler) {
+    ++m_running;
+    try {
+        handler();
+    } catch (const std::exception& failure) {
+        tell(window, failure.what());
+    } catch (...) {
+        tell(window, "a failure that can't be told");
+    }
+    --m_running;
+    if (m_running == 0 && m_registry.hasUnloaded()) {
+        // Not here: the event that called the handler may still be in the window's own code.
+        QMetaObject::invokeMethod(this, &WindowHost::releaseWhenIdle, Qt::QueuedConnection);
+    }
+}
+
+void WindowHost::yield() {
+    m_registry.beforeYield();
+    QCoreApplication::processEvents();
+    m_registry.afterYield();
+}
+
+void WindowHost::tell(std::string_view window, std::string_view description) {
+    m_errorLog.append(description, window);
+    m_dialogs.message(description);
+}
+
+void WindowHost::releaseWhenIdle() {
+    // Inside a handler that yields there is still one on the stack; its end comes back here.
+    if (m_running == 0) m_registry.releaseUnloaded();
+}
+
+}  // namespace vantrace

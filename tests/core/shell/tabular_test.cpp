@@ -1,0 +1,125 @@
+#include "core/shell/tabular.h"
+
+#include "core/shell/start_up.h"
+#include "tests/core/shell/shell_test.h"
+
+namespace vantrace {
+namespace {
+
+class TabularTest : public ShellTest {
+  protected:
+    TabularTest() {
+        writeSite();
+        fakes.settings.set("Speechpack", "1");
+        folder.write("faves.dat", "ISS (ZARYA)\r\nCSS (TIANHE)\r\n");
+        Form_Load(main, state, services);
+        fakes.speech.texts.clear();
+        state.MainTag = "tabular";
+        Form_Load(table, state, services);
+    }
+
+    /// Runs ticks of a second apart a minute until the first satellite is up; false where it doesn't rise.
+    bool runUntilTheFirstIsUp() {
+        for (int minute = 0; minute < 24 * 60; ++minute) {
+            MainLoop(table, state, services);
+            if (table.TabList[0].colour == inRangeColour) return true;
+            fakes.clock.advanceSeconds(60);
+        }
+        return false;
+    }
+
+    MainForm& main = form;
+    TabularForm table;
+};
+
+TEST_F(TabularTest, ShowsEachNameOnceInTheFormatsOfItsColumns) {
+    state.Favourites[3].Name = " ISS (ZARYA)";
+    state.FavouriteCount = 3;
+    RefreshTable(table, state);
+    EXPECT_EQ(table.TabList.size(), 3u) << "the blank in front makes another name, shown without it";
+    state.Favourites[3].Name = "ISS (ZARYA)";
+    RefreshTable(table, state);
+    ASSERT_EQ(table.TabList.size(), 2u);
+
+    MainLoop(table, state, services);
+    const TableRow& row = table.TabList[0];
+    EXPECT_EQ(row.columns[0], "ISS (ZARYA)");
+    for (std::size_t column = 1; column <= 6; ++column) {
+        const std::string& text = row.columns[column];
+        ASSERT_GE(text.size(), 4u) << column;
+        EXPECT_EQ(text[text.size() - 3], '.') << text;
+    }
+    EXPECT_TRUE(row.columns[7] == "Accending" || row.columns[7] == "Decending");
+    EXPECT_EQ(table.Slocation, "Vienna");
+    EXPECT_EQ(table.Slat, "48.21");
+    EXPECT_EQ(table.Slong, "343.63");
+    EXPECT_EQ(table.Sheight, "170 mtrs ");
+    EXPECT_EQ(table.Slocaltime, "11:30:00");
+    EXPECT_EQ(table.Sgmt, "10:30:00");
+    EXPECT_TRUE(table.Sstatus.ends_with(" out of 2 Satellites in range"));
+}
+
+TEST_F(TabularTest, ARiseIsAnnouncedOnceAndNotAtTheOpening) {
+    ASSERT_TRUE(runUntilTheFirstIsUp());
+    const std::string expected = "The International Space station is now in range at heading ";
+    ASSERT_FALSE(fakes.speech.texts.empty());
+    EXPECT_TRUE(fakes.speech.texts.back().starts_with(expected)) << fakes.speech.texts.back();
+    EXPECT_TRUE(fakes.speech.texts.back().ends_with("degrees."));
+    EXPECT_EQ(fakes.speech.texts.back().find('.'), fakes.speech.texts.back().size() - 1) << "whole degrees";
+
+    const std::size_t spoken = fakes.speech.texts.size();
+    fakes.clock.advanceSeconds(1);
+    MainLoop(table, state, services);
+    EXPECT_EQ(fakes.speech.texts.size(), spoken);
+
+    RefreshTable(table, state);
+    MainLoop(table, state, services);
+    EXPECT_EQ(fakes.speech.texts.size(), spoken) << "up already when the rows were made";
+    EXPECT_EQ(table.TabList[0].colour, inRangeColour);
+}
+
+TEST_F(TabularTest, ARowWhoseFavouriteIsGoneKeepsItsValues) {
+    MainLoop(table, state, services);
+    const TableRow before = table.TabList[0];
+    state.Favourites[1] = state.Favourites[2];
+    state.FavouriteCount = 1;
+    fakes.clock.advanceSeconds(600);
+    MainLoop(table, state, services);
+    EXPECT_EQ(table.TabList[0], before);
+    EXPECT_NE(table.Slocaltime, "11:30:00");
+    EXPECT_TRUE(table.Sstatus.ends_with(" out of 2 Satellites in range"));
+}
+
+TEST_F(TabularTest, TheWordMenuStopsEverything) {
+    MainLoop(table, state, services);
+    const std::string status = table.Sstatus;
+    state.MainTag = "menu";
+    table.Sstatus = "untouched";
+    MainLoop(table, state, services);
+    EXPECT_EQ(table.Sstatus, "untouched");
+    RefreshTable(table, state);
+    EXPECT_EQ(table.TabList.size(), 2u);
+    TabularForm idle;
+    Form_Load(idle, state, services);
+    EXPECT_FALSE(idle.Timer1.isEnabled);
+}
+
+TEST_F(TabularTest, WithoutFavouritesNothingIsOutOfNothing) {
+    state.FavouriteCount = 0;
+    RefreshTable(table, state);
+    MainLoop(table, state, services);
+    EXPECT_EQ(table.Sstatus, "0 out of 0 Satellites in range");
+}
+
+TEST_F(TabularTest, TheExitShowsMainAndUnloadsTheTable) {
+    fakeWindow("Main");
+    WindowScript& tabular = fakeWindow("Tabular");
+    services.windows.show("Tabular");
+    BUTexit_Click(table, services);
+    EXPECT_FALSE(table.Timer1.isEnabled);
+    EXPECT_TRUE(services.windows.isOnScreen("Main"));
+    EXPECT_EQ(tabular.count("unload"), 1);
+}
+
+}  // namespace
+}  // namespace vantrace

@@ -1,0 +1,217 @@
+#include <QAction>
+#include <QMenu>
+#include <QPushButton>
+#include <QTreeView>
+#include <fstream>
+
+#include "core/labels.h"
+#include "core/program_state.h"
+#include "core/shell/start_up.h"
+#include "core/shell/ui/information_windows.h"
+#include "core/shell/ui/main_window.h"
+#include "core/shell/ui/tabular_window.h"
+#include "tests/support_qt/window_test.h"
+
+namespace vantrace {
+namespace {
+
+/// The whole shell over the data that ships.
+class ShellWindowsTest : public ::testing::Test {
+  protected:
+    ShellWindowsTest() {
+        std::filesystem::copy(VANTRACE_SHIPPED_FOLDER, fakes.folder.path());
+        fakes.settings.set("Location Name", "Vienna");
+        fakes.settings.set("Latitude", "48.21");
+        fakes.settings.set("Longitude", "343.63");
+        fakes.settings.set("HASL", "170");
+        fakes.clock.setUtc({2026, 8, 23, 10, 30, 0}, 120);
+        state.AppPath = fakes.folder.appPath();
+        WindowRegistry& windows = fakes.windows;
+        windows.registerWindow("frmSplash",
+                               [this] { return std::make_unique<frmSplash>(fakes.host, fakes.withHost); });
+        windows.registerWindow("Main",
+                               [this] { return std::make_unique<Main>(fakes.host, state, fakes.withHost); });
+        windows.registerWindow(
+            "Tabular", [this] { return std::make_unique<Tabular>(fakes.host, state, fakes.withHost); });
+        windows.registerWindow("About",
+                               [this] { return std::make_unique<About>(fakes.host, fakes.withHost); });
+    }
+
+    void start() {
+        fakes.host.handle("test", [this] { fakes.windows.show("frmSplash"); });
+        settle();
+    }
+    /// Serves what is queued: the focus, the end of unloaded windows.
+    static void settle() { QTest::qWait(1); }
+    static void choose(const char* entry) {
+        Main* const main = windowOnScreen<Main>();
+        if (QAction* const action = childOf<QAction>(main, entry)) action->trigger();
+        settle();
+    }
+
+    WindowTestServices fakes;
+    ProgramState state;
+};
+
+TEST_F(ShellWindowsTest, TheSplashGivesWayToMain) {
+    frmSplash splash(fakes.host, fakes.withHost);
+    splash.load();
+    splash.show();
+    settle();
+    EXPECT_EQ(textOf(&splash, "lblVersion"), "Version " + versionText());
+    savePicture(splash, "splash");
+}
+
+TEST_F(ShellWindowsTest, MainShowsTheStateOfElementsPlaceAndSun) {
+    start();
+    EXPECT_EQ(windowOnScreen<frmSplash>(), nullptr);
+    Main* const main = windowOnScreen<Main>();
+    ASSERT_NE(main, nullptr);
+    tick(main, "Timer1");
+    EXPECT_EQ(main->windowTitle().toStdString(), "Vantrace v" + versionText());
+    EXPECT_EQ(textOf(main, "Label2"), "v" + versionText());
+    EXPECT_EQ(textOf(main, "Status3"), "Current Location settings are: Vienna");
+    EXPECT_EQ(textOf(main, "LABdatetime"), "UTC: 10:30:00 - Local: 12:30:00");
+    EXPECT_NE(textOf(main, "lblSunRiseSet"), "");
+    EXPECT_TRUE(fakes.logLines().empty());
+    savePicture(*main, "main");
+}
+
+TEST_F(ShellWindowsTest, WhatComesFromFilesIsNoMarkup) {
+    fakes.settings.set("Location Name", "<b>Vienna</b>");
+    start();
+    auto* const label = childOf<QLabel>(windowOnScreen<Main>(), "Status3");
+    EXPECT_EQ(label->textFormat(), Qt::PlainText);
+    EXPECT_EQ(label->text(), "Current Location settings are: <b>Vienna</b>");
+}
+
+TEST_F(ShellWindowsTest, TheTableTracksEveryFavourite) {
+    start();
+    choose("Mtabular");
+    EXPECT_EQ(windowOnScreen<Main>(), nullptr);
+    Tabular* const table = windowOnScreen<Tabular>();
+    ASSERT_NE(table, nullptr);
+    tick(table, "Timer1");
+    const QAbstractItemModel* const rows = childOf<QTreeView>(table, "TabList")->model();
+    ASSERT_EQ(rows->rowCount(), state.FavouriteCount);
+    EXPECT_EQ(rows->headerData(6, Qt::Horizontal).toString(), "Logitude (deg)");
+    EXPECT_EQ(rows->index(0, 0).data().toString(), "ISS (ZARYA)");
+    EXPECT_FALSE(rows->index(0, 3).data().toString().isEmpty());
+    EXPECT_EQ(textOf(table, "Sgmt"), "10:30:00");
+    EXPECT_EQ(textOf(table, "Sheight"), "170 mtrs ");
+    savePicture(*table, "tabular");
+
+    QTest::mouseClick(childOf<QPushButton>(table, "BUTexit"), Qt::LeftButton);
+    settle();
+    EXPECT_EQ(windowOnScreen<Tabular>(), nullptr);
+    EXPECT_NE(windowOnScreen<Main>(), nullptr);
+    EXPECT_EQ(state.MainTag, "menu");
+}
+
+TEST_F(ShellWindowsTest, ClosingAViewByItsFrameBringsMainBack) {
+    start();
+    choose("Mtabular");
+    windowOnScreen<Tabular>()->close();
+    settle();
+    EXPECT_EQ(windowOnScreen<Tabular>(), nullptr);
+    EXPECT_NE(windowOnScreen<Main>(), nullptr);
+}
+
+TEST_F(ShellWindowsTest, WithoutTheSkinTheDesktopsLookStays) {
+    fakes.settings.set("Skin", "0");
+    start();
+    EXPECT_EQ(windowOnScreen<Main>()->palette().color(QPalette::Window),
+              QApplication::palette().color(QPalette::Window));
+    choose("Mtabular");
+    tick(windowOnScreen<Tabular>(), "Timer1");
+    savePicture(*windowOnScreen<Tabular>(), "tabular-without-skin");
+}
+
+TEST_F(ShellWindowsTest, AboutTellsTheVersionAndCloses) {
+    start();
+    choose("Mabout");
+    About* const about = windowOnScreen<About>();
+    ASSERT_NE(about, nullptr);
+    EXPECT_EQ(textOf(about, "lblVersion"), "Version " + versionText());
+    EXPECT_NE(windowOnScreen<Main>(), nullptr) << "beside Main";
+    savePicture(*about, "about");
+    QTest::mouseClick(childOf<QPushButton>(about, "BUTsysinfo"), Qt::LeftButton);
+    EXPECT_EQ(fakes.desktop.opened, std::vector<std::string>{"system information"});
+    QTest::keyClick(about, Qt::Key_Escape);
+    settle();
+    EXPECT_EQ(windowOnScreen<About>(), nullptr);
+}
+
+TEST_F(ShellWindowsTest, EveryEntryHasItsShortcutOnceAndItsMnemonicOnceInItsMenu) {
+    Main main(fakes.host, state, fakes.withHost);
+    QStringList shortcuts;
+    int entries = 0;
+    for (const QAction* const action : main.findChildren<QAction*>()) {
+        if (!action->objectName().isEmpty() && action->menu() == nullptr) ++entries;
+        if (!action->shortcut().isEmpty()) shortcuts << action->shortcut().toString();
+    }
+    EXPECT_EQ(entries, 28);
+    EXPECT_EQ(shortcuts.removeDuplicates(), 0);
+    for (const QMenu* const menu : main.findChildren<QMenu*>()) {
+        QStringList mnemonics;
+        for (const QAction* const action : menu->actions()) {
+            const QString caption = action->text().toUpper();
+            if (caption.contains('&')) mnemonics << caption.mid(caption.indexOf('&') + 1, 1);
+        }
+        EXPECT_EQ(mnemonics.removeDuplicates(), 0) << menu->title().toStdString();
+    }
+}
+
+TEST_F(ShellWindowsTest, AHandlerThatFailsTellsAndTheProgramLives) {
+    start();
+    fakes.host.handle("Tabular", [] { throw std::runtime_error("out of paper"); });
+    EXPECT_EQ(fakes.dialogs.messages, std::vector<std::string>{"out of paper"});
+    EXPECT_EQ(fakes.logged("Tabular"), 1);
+    EXPECT_NE(windowOnScreen<Main>(), nullptr);
+}
+
+TEST_F(ShellWindowsTest, TheExitEndsTheProgram) {
+    start();
+    choose("Mexit");
+    EXPECT_EQ(windowOnScreen<Main>(), nullptr);
+    EXPECT_EQ(state.OrbitEngine, nullptr);
+    EXPECT_EQ(state.MainTag, "exit");
+}
+
+std::size_t openFiles() {
+    std::size_t count = 0;
+    for ([[maybe_unused]] const auto& entry : std::filesystem::directory_iterator("/proc/self/fd")) ++count;
+    return count;
+}
+
+std::size_t residentPages() {
+    std::ifstream file("/proc/self/statm");
+    std::size_t total = 0;
+    std::size_t resident = 0;
+    file >> total >> resident;
+    return resident;
+}
+
+TEST_F(ShellWindowsTest, GoingToAndFroLeavesNothingBehind) {
+    start();
+    const auto goAndComeBack = [this](int times) {
+        for (int i = 0; i < times; ++i) {
+            choose("Mtabular");
+            tick(windowOnScreen<Tabular>(), "Timer1");
+            QTest::mouseClick(childOf<QPushButton>(windowOnScreen<Tabular>(), "BUTexit"), Qt::LeftButton);
+            settle();
+        }
+    };
+    goAndComeBack(20);
+    const std::size_t filesBefore = openFiles();
+    const std::size_t widgetsBefore = static_cast<std::size_t>(QApplication::allWidgets().size());
+    const std::size_t pagesBefore = residentPages();
+    goAndComeBack(100);
+    EXPECT_EQ(openFiles(), filesBefore);
+    EXPECT_EQ(static_cast<std::size_t>(QApplication::allWidgets().size()), widgetsBefore);
+    // 4 MB are 1024 pages; a table that stayed would be some hundred kilobytes each time.
+    EXPECT_LT(residentPages(), pagesBefore + 1024);
+}
+
+}  // namespace
+}  // namespace vantrace
