@@ -63,7 +63,8 @@ void WindowRegistry::hide(std::string_view name) {
 
 void WindowRegistry::focusCame(std::string_view name) {
     Entry* const entry = find(name);
-    if (entry == nullptr || !entry->window) return;
+    // A window that was hidden meanwhile only had its news late.
+    if (entry == nullptr || !entry->window || !entry->window->isOnScreen()) return;
     if (entry->owedFocus != 0) {
         // What was shown before won't get its focus any more.
         const std::uint64_t paid = entry->owedFocus;

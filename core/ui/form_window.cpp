@@ -8,11 +8,7 @@
 
 #include "core/skin.h"
 #include "core/ui/skin_style.h"
-
-/// A library's pictures are there only when asked for; outside any namespace, as the macro wants it.
-static void providePictures() {
-    Q_INIT_RESOURCE(pictures);
-}
+#include "core/ui/svg_picture.h"
 
 namespace vantrace {
 

@@ -17,12 +17,6 @@
 #include "core/ui/row_model.h"
 #include "core/ui/svg_picture.h"
 
-// In a static library the pictures are left out of the program unless something asks for them; the macro must
-// stand outside of any namespace.
-static void takeInPictures() {
-    Q_INIT_RESOURCE(pictures);
-}
-
 namespace vantrace {
 
 namespace {
@@ -65,7 +59,7 @@ QHash<QString, QColor> skinColours(const SkinValues& values) {
 
 /// A sheet from the resources with its `@name` turned into colours.
 QString colouredSheet(const QString& resource, const SkinValues& values) {
-    takeInPictures();
+    providePictures();
     QFile file(resource);
     const bool isThere = file.open(QIODevice::ReadOnly);
     Q_ASSERT(isThere);
@@ -192,14 +186,17 @@ void setGroup(QPalette& palette, QPalette::ColorGroup group, const QHash<QString
 }  // namespace
 
 void applySkinStyle(QWidget& window, const Skin& skin) {
-    takeInPictures();
+    providePictures();
+    // A sheet remembers the palettes that it found and brings them back when it goes: none may be there while
+    // the palette changes.
+    window.setStyleSheet(QString());
     if (skin.isApplied) {
         window.setPalette(skinPalette(skin.values));
         window.setStyleSheet(skinStyleSheet(skin.values) + colouredRowsStyleSheet(skin.values));
         setMenuFonts(window, window.font());
     } else {
-        window.setStyleSheet(colouredRowsStyleSheet(skin.values));
         window.setPalette(QPalette());
+        window.setStyleSheet(colouredRowsStyleSheet(skin.values));
         setMenuFonts(window, QFont());
     }
     dressCalendars(window, skin);

@@ -5,7 +5,17 @@
 #include <QPixmap>
 #include <QSvgRenderer>
 
+// In a static library the pictures are left out of the program unless something asks for them; the macro must
+// stand outside of any namespace.
+static void takeInPictures() {
+    Q_INIT_RESOURCE(pictures);
+}
+
 namespace vantrace {
+
+void providePictures() {
+    takeInPictures();
+}
 
 void showPicture(QLabel& label, const QString& resource) {
     QSvgRenderer picture(resource);

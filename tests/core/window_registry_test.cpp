@@ -124,6 +124,14 @@ TEST_F(WindowRegistryTest, AFocusThatNeverCameIsNotWaitedFor) {
     EXPECT_EQ(main.count("activate"), 2);
 }
 
+TEST_F(WindowRegistryTest, AFocusThatComesAfterTheWindowWasHiddenCountsForNothing) {
+    registry.show("Main");
+    registry.show("Horizon");
+    registry.hide("Main");
+    registry.focusCame("Main");
+    EXPECT_EQ(main.count("activate"), 1);
+}
+
 TEST_F(WindowRegistryTest, AFocusThatComesBackFromAMessageBoxActivatesNothing) {
     registry.show("Main");
     registry.focusCame("Main");

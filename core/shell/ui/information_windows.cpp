@@ -1,10 +1,8 @@
 #include "core/shell/ui/information_windows.h"
 
-#include <QIcon>
 #include <QPushButton>
 
 #include "core/services.h"
-#include "core/ui/svg_picture.h"
 #include "ui_about.h"
 #include "ui_splash.h"
 
@@ -14,7 +12,6 @@ frmSplash::frmSplash(WindowHost& host, Services& services)
     : FormWindow(host, "frmSplash"), m_services(services), m_ui(std::make_unique<Ui::frmSplash>()) {
     setWindowFlags(Qt::SplashScreen);
     m_ui->setupUi(this);
-    showPicture(*m_ui->Picture, QStringLiteral(":/art/splash.svg"));
 }
 
 frmSplash::~frmSplash() = default;
@@ -36,7 +33,6 @@ About::About(WindowHost& host, Services& services)
     : FormWindow(host, "About"), m_services(services), m_ui(std::make_unique<Ui::About>()) {
     setWindowFlags(Qt::Dialog);
     m_ui->setupUi(this);
-    showPicture(*m_ui->Icon, QStringLiteral(":/art/vantrace.svg"));
     closeOnEscape();
     m_ui->BUTok->setFocus();
     setText(*m_ui->lblQt, std::string("Qt ") + qVersion());

@@ -53,10 +53,8 @@ void Tabular::formUnload() {
 void Tabular::showEvent(QShowEvent* event) {
     FormWindow::showEvent(event);
     if (std::exchange(m_hasColumnWidths, true)) return;
-    const int air = fontMetrics().averageCharWidth();
     for (int column = 0; column < m_rows->columnCount(); ++column) {
         m_ui->TabList->resizeColumnToContents(column);
-        m_ui->TabList->setColumnWidth(column, m_ui->TabList->columnWidth(column) + air);
     }
 }
 

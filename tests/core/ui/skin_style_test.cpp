@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QApplication>
 #include <QCalendarWidget>
 #include <QIcon>
 #include <QLabel>
@@ -80,7 +81,8 @@ class SkinSheet : public ::testing::Test {
     const std::vector<Rule> rules = rulesOf(skinStyleSheet({}));
     const std::vector<Rule> rowRules = rulesOf(colouredRowsStyleSheet({}));
     /// What things without a back of their own stand on.
-    const std::vector<QColor> grounds{colourOf(rules, "QMainWindow", "background-color"),
+    const std::vector<QColor> grounds{skinPalette({}).color(QPalette::Window),
+                                      colourOf(rules, "QDialog", "background-color"),
                                       colourOf(rules, "QFrame[panel=\"true\"]", "background-color")};
 };
 
@@ -265,25 +267,33 @@ TEST(Skin, KeepsColouredRowsOnADarkBackInBothLooks) {
 }
 
 TEST(Skin, ComesAndGoesWithoutATrace) {
-    const auto pictureAfter = [](const std::vector<bool>& looks) {
+    const auto pictureAfter = [](const std::vector<bool>& looks, bool isShown) {
         QMainWindow window;
         window.menuBar()->addMenu("Menu");
         window.statusBar()->addWidget(new QPushButton("Button"));
         auto* const calendar = new QCalendarWidget;
         calendar->setSelectedDate({2024, 2, 14});
         window.setCentralWidget(calendar);
+        window.resize(500, 400);
+        window.setVisible(isShown);
         for (const bool isApplied : looks) {
             Skin skin;
             skin.isApplied = isApplied;
             applySkinStyle(window, skin);
+            if (isShown) QApplication::processEvents();
         }
         EXPECT_EQ(window.palette() == QMainWindow().palette(), !looks.back());
         window.show();
+        QApplication::processEvents();
         return window.grab().toImage();
     };
-    EXPECT_EQ(pictureAfter({false}), pictureAfter({false, true, true, false}));
-    EXPECT_EQ(pictureAfter({true}), pictureAfter({true, false, true}));
-    EXPECT_NE(pictureAfter({true}), pictureAfter({false}));
+    for (const bool isShown : {false, true}) {
+        EXPECT_EQ(pictureAfter({false}, false), pictureAfter({true, false}, isShown)) << isShown;
+        EXPECT_EQ(pictureAfter({false}, false), pictureAfter({false, true, true, false}, isShown)) << isShown;
+        EXPECT_EQ(pictureAfter({true}, false), pictureAfter({false, true}, isShown)) << isShown;
+        EXPECT_EQ(pictureAfter({true}, false), pictureAfter({true, false, true}, isShown)) << isShown;
+    }
+    EXPECT_NE(pictureAfter({true}, false), pictureAfter({false}, false));
 }
 
 TEST(Skin, GivesMenusAndHeadingsTheFontOfTheWindow) {
