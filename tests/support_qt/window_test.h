@@ -63,6 +63,7 @@ inline void tick(QWidget* window, const char* name) {
 
 /// Writes a picture of a window to the folder of the build.
 inline void savePicture(QWidget& window, const std::string& name) {
+    QTest::qWait(1);  // the layout follows texts later
     std::filesystem::create_directories(VANTRACE_SCREENS_FOLDER);
     const QPixmap picture = window.grab();
     EXPECT_TRUE(picture.save(QString::fromLatin1(VANTRACE_SCREENS_FOLDER "/") +

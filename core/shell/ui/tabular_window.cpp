@@ -53,7 +53,8 @@ void Tabular::formUnload() {
 void Tabular::showEvent(QShowEvent* event) {
     FormWindow::showEvent(event);
     if (std::exchange(m_hasColumnWidths, true)) return;
-    for (int column = 0; column < m_rows->columnCount(); ++column) {
+    // The last one takes what is left.
+    for (int column = 0; column < m_rows->columnCount() - 1; ++column) {
         m_ui->TabList->resizeColumnToContents(column);
     }
 }
