@@ -24,12 +24,21 @@ QString shownPath(const fs::path& path) {
     return QFile::decodeName(QByteArray::fromStdString(path.string()));
 }
 
-/// A dialog over the active window. While it waits, that window may go and take the dialog along: then the
+/// The active window, or one that is on screen while none is active yet, as at the start.
+QWidget* windowBelow() {
+    if (QWidget* const active = QApplication::activeWindow()) return active;
+    for (QWidget* const window : QApplication::topLevelWidgets()) {
+        if (window->isVisible()) return window;
+    }
+    return nullptr;
+}
+
+/// A dialog over one of our windows. While it waits, that window may go and take the dialog along: then the
 /// user has cancelled.
 template <class Dialog>
 class Waiting {
   public:
-    explicit Waiting(std::string_view title) : m_dialog(new Dialog(QApplication::activeWindow())) {
+    explicit Waiting(std::string_view title) : m_dialog(new Dialog(windowBelow())) {
         m_dialog->setWindowTitle(shown(title));
     }
     ~Waiting() { delete m_dialog.data(); }
