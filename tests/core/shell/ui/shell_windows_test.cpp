@@ -161,6 +161,24 @@ TEST_F(ShellWindowsTest, EveryEntryHasItsShortcutOnceAndItsMnemonicOnceInItsMenu
     }
 }
 
+TEST_F(ShellWindowsTest, EveryEntryCanBeChosenOneAfterTheOther) {
+    start();
+    std::vector<std::string> entries;
+    for (const QAction* const action : windowOnScreen<Main>()->findChildren<QAction*>()) {
+        const std::string name = action->objectName().toStdString();
+        if (!name.empty() && action->menu() == nullptr && name != "Mexit") entries.push_back(name);
+    }
+    for (const std::string& entry : entries) {
+        choose(entry.c_str());
+        if (Tabular* const table = windowOnScreen<Tabular>()) table->close();
+        settle();
+        ASSERT_NE(windowOnScreen<Main>(), nullptr) << entry;
+    }
+    EXPECT_EQ(fakes.desktop.opened.size(), 5u) << "help, history, home page and two playlists";
+    EXPECT_EQ(fakes.dialogs.messages.size(), 2u) << "the question of the reset, and that there is no voice";
+    EXPECT_TRUE(fakes.logLines().empty());
+}
+
 TEST_F(ShellWindowsTest, AHandlerThatFailsTellsAndTheProgramLives) {
     start();
     fakes.host.handle("Tabular", [] { throw std::runtime_error("out of paper"); });
