@@ -102,6 +102,9 @@ std::int16_t FindFirstKepLine(ProgramState& state, Services& services, std::stri
             ++linesBefore;
         }
         label.step([&] { services.events.yield(); });
+        if (state.MainTag == "exit") {
+            return -1;
+        }
     }
     if (found) {
         label.step([&] { result = toInteger16(static_cast<double>(linesBefore - 2)); });

@@ -17,7 +17,8 @@ std::string elementFileName(std::string_view url);
 
 /// Finds the first line 1 whose epoch is a number: the answer is the lines in front of it, less 2, so that
 /// two reads after the lines numbered 0 to the answer end on it. -1 also where there is no such file. Without
-/// any, a message and 0; a message too where it is the very last line of the file. Yields after each line.
+/// any, a message and 0; a message too where it is the very last line of the file. Yields after each line,
+/// and leaves with -1 when the program has ended meanwhile.
 std::int16_t FindFirstKepLine(ProgramState& state, Services& services, std::string_view bareName);
 
 /// The line that `FindFirstKepLine` leads to: past the lines up to and including number `start`, counted from

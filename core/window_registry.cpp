@@ -6,16 +6,18 @@ namespace vantrace {
 
 namespace {
 
-/// Raises a flag for as long as it lives.
-class Raised {
+/// Holds a value in a variable for as long as it lives.
+template <class Value>
+class Held {
   public:
-    explicit Raised(bool& flag) : m_flag(flag) { m_flag = true; }
-    ~Raised() { m_flag = false; }
-    Raised(const Raised&) = delete;
-    Raised& operator=(const Raised&) = delete;
+    Held(Value& variable, Value value) : m_variable(variable), m_before(std::exchange(variable, value)) {}
+    ~Held() { m_variable = m_before; }
+    Held(const Held&) = delete;
+    Held& operator=(const Held&) = delete;
 
   private:
-    bool& m_flag;
+    Value& m_variable;
+    Value m_before;
 };
 
 }  // namespace
@@ -73,7 +75,10 @@ void WindowRegistry::focusCame(std::string_view name) {
         }
         return;
     }
-    if (m_active != name) activate(name, *entry);
+    if (m_active == name) return;
+    // The user went here himself; what is still owed to others won't come.
+    for (auto& [otherName, other] : m_entries) other.owedFocus = 0;
+    activate(name, *entry);
 }
 
 bool WindowRegistry::isLoaded(std::string_view name) const {
@@ -90,7 +95,7 @@ void WindowRegistry::unload(std::string_view name) {
     Entry* const entry = find(name);
     if (entry == nullptr || !entry->window || entry->isAskedToUnload) return;
     {
-        const Raised asking(entry->isAskedToUnload);
+        const Held asking(entry->isAskedToUnload, true);
         if (!entry->window->queryUnload()) return;
     }
     entry->owedFocus = 0;
@@ -127,10 +132,11 @@ void WindowRegistry::afterYield() {
 }
 
 void WindowRegistry::activate(std::string_view name, Entry& entry) {
-    if (entry.isActivating) return;
-    const Raised activating(entry.isActivating);
     m_active = name;
-    entry.window->activate();
+    RegisteredWindow* const window = entry.window.get();
+    if (entry.activating == window) return;
+    const Held activating(entry.activating, window);
+    window->activate();
 }
 
 void WindowRegistry::forEachWindow(void (RegisteredWindow::*action)()) {

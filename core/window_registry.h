@@ -82,7 +82,8 @@ class WindowRegistry {
     struct Entry {
         Maker maker;
         std::unique_ptr<RegisteredWindow> window;
-        bool isActivating = false;
+        /// The window whose `Form_Activate` is running; a window made anew under the name is another.
+        RegisteredWindow* activating = nullptr;
         bool isAskedToUnload = false;
         /// The number of the show whose focus the window system still owes; 0 when it owes none.
         std::uint64_t owedFocus = 0;

@@ -142,7 +142,12 @@ TrackResult OrbitEngine::EngineTrack(std::string_view name, double engineTime, i
 TrackResult OrbitEngine::track(std::string_view name, const Instant& time) {
     requireCalendarTime(name, time);
     const std::optional<SkyBody> body = skyBodyOf(name);
-    return body ? trackBody(*body, time) : trackSatellite(name, time);
+    const TrackResult result = body ? trackBody(*body, time) : trackSatellite(name, time);
+    // An observer who stands beyond all sense is told; nobody could write such a distance down.
+    if (!std::isfinite(result.rangeKm) || !std::isfinite(result.heightKm)) {
+        throw EngineError(name, time, "the distance from the observer is no number");
+    }
+    return result;
 }
 
 TrackResult OrbitEngine::trackSatellite(std::string_view name, const Instant& time) {

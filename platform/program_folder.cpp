@@ -111,7 +111,13 @@ std::string programFolder(const ProgramFolderRequest& request) {
         std::error_code error;
         const fs::file_status status = fs::status(choice.folder, error);
         if (status.type() == fs::file_type::not_found) {
-            fill(choice.folder, *choice.shared);
+            try {
+                fill(choice.folder, *choice.shared);
+            } catch (const FileError&) {
+                // Who has no place of his own reads what is installed; what can't be saved is told when it
+                // is tried.
+                return endedByOneSlash(*choice.shared);
+            }
         } else if (!fs::is_directory(status)) {
             throw FileError(choice.folder, error ? error.message() : "not a folder");
         }

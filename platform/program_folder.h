@@ -21,8 +21,9 @@ struct ProgramFolderRequest {
 /// The folder that the program reads and writes, absolute, ended by exactly one '/'. Portable: the folder of
 /// the executable. Installed (the executable in <prefix>/bin, and <prefix>/share/vantrace is a folder):
 /// "vantrace" in the user's data folder, filled from there when it doesn't exist; it is copied beside and
-/// renamed, so that half a folder is never taken for a whole one. Throws FileError where a named folder
-/// doesn't exist and where the user's can't be made.
+/// renamed, so that half a folder is never taken for a whole one; where that fails, the installed folder
+/// itself. Throws FileError where a named folder doesn't exist, and where a file stands in the place of the
+/// user's.
 std::string programFolder(const ProgramFolderRequest& request);
 
 /// The same for programs that only read: makes nothing, and is the installed folder itself for as long as the

@@ -13,31 +13,36 @@ namespace {
 
 using namespace vantrace;
 
-/// Ends the process for "--help", "--version" and for options that nobody knows.
-DesktopArguments readArguments(const QApplication& application) {
+/// Ends the process for "--help" and "--version". Whatever else nobody knows belongs to the command line in
+/// which the switches are looked for.
+DesktopArguments readArguments() {
     QCommandLineParser parser;
     parser.setApplicationDescription(QStringLiteral("Tracks satellites for one observer at one site."));
     const QCommandLineOption data(QStringLiteral("data"), QStringLiteral("The program folder."),
                                   QStringLiteral("DIR"));
     parser.addOption(data);
-    parser.addHelpOption();
-    parser.addVersionOption();
+    const QCommandLineOption help = parser.addHelpOption();
+    const QCommandLineOption version = parser.addVersionOption();
     parser.addPositionalArgument(
         QStringLiteral("switches"),
         QStringLiteral("Views to open: /WORLD for the map, /NWQ /NCQ /NEQ /SWQ /SCQ /SEQ for a region."),
         QStringLiteral("[switches...]"));
-    parser.process(application);
+    parser.parse(QCoreApplication::arguments());
+    if (parser.isSet(help)) parser.showHelp();
+    if (parser.isSet(version)) parser.showVersion();
 
     DesktopArguments arguments;
     if (parser.isSet(data)) arguments.dataFolder = QFile::encodeName(parser.value(data)).toStdString();
-    arguments.commandLine = parser.positionalArguments().join(QLatin1Char(' ')).toStdString();
+    QStringList rest = parser.positionalArguments();
+    for (const QString& unknown : parser.unknownOptionNames()) rest << QLatin1Char('-') + unknown;
+    arguments.commandLine = rest.join(QLatin1Char(' ')).toStdString();
     return arguments;
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
-    QApplication application(argc, argv);
+    const QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("vantrace"));
     QApplication::setDesktopFileName(QStringLiteral("vantrace"));
     QApplication::setApplicationVersion(
@@ -45,7 +50,7 @@ int main(int argc, char** argv) {
     // The program ends when Main is unloaded: there are moments without any window.
     QApplication::setQuitOnLastWindowClosed(false);
     try {
-        DesktopProgram program(readArguments(application));
+        DesktopProgram program(readArguments());
         // From inside the event loop, so that a program that ends at its start ends the loop.
         QTimer::singleShot(0, [&program] { program.start(); });
         return QApplication::exec();

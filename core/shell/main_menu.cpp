@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <exception>
 #include <string>
 
 #include "core/config.h"
@@ -84,7 +85,11 @@ void Mreset_Click(Services& services) {
     }
     services.settings.removeAll();
     services.dialogs.message("All Settings Reset, Vantrace will now restart");
-    services.process.startAgain();
+    try {
+        services.process.startAgain();
+    } catch (const std::exception& failure) {
+        services.dialogs.message(failure.what());
+    }
     services.process.end(0);
 }
 
@@ -97,8 +102,9 @@ void MaboutSP_Click(const ProgramState& state, Services& services) {
             readHosts(state).homePage + " for details");
         return;
     }
+    const std::size_t voices = services.speech.voices().size();
     Speak(services, "The Speech Engine used is made by " + services.speech.maker() + " and has " +
-                        std::to_string(services.speech.voices().size()) + " voices.");
+                        std::to_string(voices) + " voices.");
     services.speech.showAbout("Speechpack used by Vantrace");
 }
 

@@ -87,13 +87,20 @@ void welcome(const MainForm& form, Services& services) {
 
 void loadObserver(ProgramState& state, Services& services, ErrorLabel& label) {
     label.step([&] { state.ObserverName = GetConfig(services, settings::locationName); });
+    const bool hasComma = readsCommaAsDecimalMark(services.format);
     const auto load = [&](double& field, const Setting& setting) {
-        label.step([&] { field = machineNumber(GetConfig(services, setting), services); });
+        const auto read = [&] { field = machineNumber(GetConfig(services, setting), services); };
+        // With a decimal comma the two coordinates are read again below, and this is no failure.
+        if (hasComma) {
+            label.quietStep(read);
+        } else {
+            label.step(read);
+        }
     };
     load(state.ObserverHeight, settings::hasl);
     load(state.ObserverLatitude, settings::latitude);
     load(state.ObserverLongitude, settings::longitude);
-    if (!readsCommaAsDecimalMark(services.format)) return;
+    if (!hasComma) return;
     const auto loadWithComma = [&](double& field, const Setting& setting) {
         label.step(
             [&] { field = machineNumber(replacedAll(GetConfig(services, setting), ".", ","), services); });
@@ -178,11 +185,16 @@ void Timer1_Timer(MainForm& form, Services& services) {
 }
 
 void Form_QueryUnload(MainForm& form, Services& services) {
-    // Not the mode found at the start, but this one.
-    if (GetConfig(services, settings::changeRes) == "1") SetDisplayMode(form, services, 640, 480);
+    ErrorLabel label(services, labels::mainFormLoad);
+    label.step([&] {
+        // Not the mode found at the start, but this one.
+        if (GetConfig(services, settings::changeRes) == "1") SetDisplayMode(form, services, 640, 480);
+    });
 }
 
 void Form_Unload(MainForm& /*form*/, ProgramState& state, Services& services) {
+    // Also when the window's frame was used, so that what is still running leaves.
+    state.MainTag = "exit";
     state.OrbitEngine.reset();
     services.windows.close();
 }

@@ -18,13 +18,13 @@ constexpr std::int32_t daysOfWeek = 7;
 
 /// What a step couldn't find out stays 0, and the others go on with it.
 void showElementAge(MainForm& form, ProgramState& state, Services& services, ErrorLabel& label) {
+    const std::string file = elementFileName(state.Groups[1].Url);
+    std::int16_t start = 0;
+    label.step([&] { start = FindFirstKepLine(state, services, file); });
+    // The search yields, and the user may have left.
+    if (state.MainTag == "exit") return;
     std::string line1;
-    label.step([&] {
-        const std::string file = elementFileName(state.Groups[1].Url);
-        // The search may show a message and yield, but it changes nothing of the state.
-        const std::int16_t start = FindFirstKepLine(state, services, file);
-        line1 = lineFoundAfter(state, file, start);
-    });
+    label.step([&] { line1 = lineFoundAfter(state, file, start); });
     std::int32_t epochYear = 0;
     std::int32_t epochDay = 0;
     label.step([&] { epochYear = elementEpochYear(line1); });
@@ -79,6 +79,7 @@ std::string elementAgeText(std::int32_t ageDays) {
 void refreshStatusPanel(MainForm& form, ProgramState& state, Services& services, ErrorLabel& label) {
     label.step([&] { engineOf(state).EngineSetKepPath(state.AppPath); });
     showElementAge(form, state, services, label);
+    if (state.MainTag == "exit") return;
     showObserver(form, state, services);
     showSunTimes(form, state, services, label);
 }

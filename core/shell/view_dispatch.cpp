@@ -83,6 +83,8 @@ void Form_Activate(MainForm& form, ProgramState& state, Services& services) {
         if (GetConfig(services, settings::skin) == "0") form.skin.remove();
     });
     if (state.GroupCount != 0) refreshStatusPanel(form, state, services, label);
+    // The panel yields, and the user may have left.
+    if (state.MainTag == "exit") return;
     if (!state.CommandLineDone) applySwitches(state, services, label);
     label.step([&] { dispatchNextView(state, services); });
     state.NextView.clear();

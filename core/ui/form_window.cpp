@@ -2,6 +2,7 @@
 
 #include <QCloseEvent>
 #include <QIcon>
+#include <QScreen>
 #include <QShortcut>
 #include <QTimer>
 #include <utility>
@@ -24,6 +25,18 @@ class Counted {
 
   private:
     int& m_count;
+};
+
+/// Does something at the end of its life.
+class Finally {
+  public:
+    explicit Finally(std::function<void()> action) : m_action(std::move(action)) {}
+    ~Finally() { m_action(); }
+    Finally(const Finally&) = delete;
+    Finally& operator=(const Finally&) = delete;
+
+  private:
+    std::function<void()> m_action;
 };
 
 }  // namespace
@@ -58,11 +71,9 @@ void FormWindow::unload() {
 
 void FormWindow::show() {
     writeControls();
-    if (isMinimized()) {
-        QMainWindow::showNormal();
-    } else {
-        QMainWindow::show();
-    }
+    if (!std::exchange(m_wasShown, true)) fitToScreen();
+    setWindowState(windowState() & ~Qt::WindowMinimized);
+    QMainWindow::show();
     raise();
     activateWindow();
 }
@@ -93,6 +104,12 @@ void FormWindow::handle(const std::function<void()>& handler) {
     });
 }
 
+void FormWindow::handleTick(const std::function<void()>& tick) {
+    m_host.handleTick(m_name, [&] {
+        if (!m_isRetired) run(tick);
+    });
+}
+
 QTimer* FormWindow::addTimer(const QString& name, const std::function<void()>& tick) {
     auto* const timer = new QTimer(this);
     timer->setObjectName(name);
@@ -100,7 +117,7 @@ QTimer* FormWindow::addTimer(const QString& name, const std::function<void()>& t
     connect(timer, &QTimer::timeout, this, [this, tick, isTicking = false]() mutable {
         if (isTicking) return;
         isTicking = true;
-        handle(tick);
+        handleTick(tick);
         isTicking = false;
     });
     return timer;
@@ -130,6 +147,11 @@ void FormWindow::setText(QLabel& label, const std::string& text) {
     label.setText(QString::fromStdString(text));
 }
 
+void FormWindow::setLongText(QLabel& label, const std::string& text) {
+    setText(label, text);
+    label.setToolTip(QStringLiteral("<qt>%1</qt>").arg(QString::fromStdString(text).toHtmlEscaped()));
+}
+
 void FormWindow::closeEvent(QCloseEvent* event) {
     // The registry takes the window off the screen, or leaves it.
     event->ignore();
@@ -144,13 +166,20 @@ bool FormWindow::event(QEvent* event) {
     return isTaken;
 }
 
+void FormWindow::fitToScreen() {
+    constexpr int frame = 40;
+    const QSize room = screen()->availableSize() - QSize(frame, frame);
+    if (width() > room.width() || height() > room.height()) resize(size().boundedTo(room));
+}
+
 void FormWindow::run(const std::function<void()>& handler) {
-    {
-        const Counted running(m_running);
-        if (!m_isRetired) readControls();
-        handler();
-    }
-    if (!m_isRetired) writeControls();
+    // Also when the handler throws: the controls show what the struct holds.
+    const Finally write([this] {
+        if (!m_isRetired) writeControls();
+    });
+    const Counted running(m_running);
+    if (!m_isRetired) readControls();
+    handler();
 }
 
 }  // namespace vantrace

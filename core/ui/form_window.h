@@ -47,6 +47,7 @@ class FormWindow : public QMainWindow, public RegisteredWindow {
 
     /// Runs a handler under the host's guard, with the controls read before and written after it.
     void handle(const std::function<void()>& handler);
+    void handleTick(const std::function<void()>& tick);
     /// A timer that does what the struct says, and whose ticks are handlers. A tick inside its own tick is
     /// left out.
     QTimer* addTimer(const QString& name, const std::function<void()>& tick);
@@ -57,18 +58,23 @@ class FormWindow : public QMainWindow, public RegisteredWindow {
     void closeOnEscape();
     /// Text that came from files is no markup.
     static void setText(QLabel& label, const std::string& text);
+    /// The same for a text that may be wider than its place: the whole of it is the tip.
+    static void setLongText(QLabel& label, const std::string& text);
 
     void closeEvent(QCloseEvent* event) override;
     bool event(QEvent* event) override;
 
   private:
     void run(const std::function<void()>& handler);
+    /// Nothing opens larger than the screen.
+    void fitToScreen();
 
     WindowHost& m_host;
     std::string m_name;
     /// Handlers of this window on the stack.
     int m_running = 0;
     bool m_isRetired = false;
+    bool m_wasShown = false;
     bool m_hasSkin = false;
     bool m_isStyled = false;
 };

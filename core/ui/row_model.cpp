@@ -42,6 +42,7 @@ int RowModel::columnCount(const QModelIndex& parent) const {
 }
 
 QVariant RowModel::data(const QModelIndex& index, int role) const {
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid)) return {};
     const Held& row = m_rows.at(static_cast<std::size_t>(index.row()));
     if (role == Qt::DisplayRole) {
         return QString::fromStdString(row.columns.at(static_cast<std::size_t>(index.column())));
@@ -54,7 +55,7 @@ QVariant RowModel::data(const QModelIndex& index, int role) const {
 }
 
 QVariant RowModel::headerData(int section, Qt::Orientation orientation, int role) const {
-    if (orientation != Qt::Horizontal) return {};
+    if (orientation != Qt::Horizontal || section < 0 || section >= columnCount()) return {};
     if (role == Qt::DisplayRole) return m_headings.at(section);
     if (role == Qt::TextAlignmentRole && isNumber(section)) {
         return QVariant::fromValue(Qt::Alignment(Qt::AlignRight | Qt::AlignVCenter));

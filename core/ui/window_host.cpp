@@ -14,13 +14,21 @@ WindowHost::WindowHost(WindowRegistry& registry, Dialogs& dialogs, ErrorLog& err
     : m_registry(registry), m_dialogs(dialogs), m_errorLog(errorLog) {}
 
 void WindowHost::handle(std::string_view window, const std::function<void()>& handler) {
+    run(window, handler, false);
+}
+
+void WindowHost::handleTick(std::string_view window, const std::function<void()>& tick) {
+    run(window, tick, true);
+}
+
+void WindowHost::run(std::string_view window, const std::function<void()>& handler, bool isTick) {
     ++m_running;
     try {
         handler();
     } catch (const std::exception& failure) {
-        tell(window, failure.what());
+        tell(window, failure.what(), isTick);
     } catch (...) {
-        tell(window, "a failure that can't be told");
+        tell(window, "a failure that can't be told", isTick);
     }
     --m_running;
     if (m_running == 0 && m_registry.hasUnloaded()) {
@@ -35,8 +43,10 @@ void WindowHost::yield() {
     m_registry.afterYield();
 }
 
-void WindowHost::tell(std::string_view window, std::string_view description) {
+void WindowHost::tell(std::string_view window, std::string_view description, bool isTick) {
     m_errorLog.append(description, window);
+    if (isTick && m_toldOfTick == description) return;
+    if (isTick) m_toldOfTick = description;
     m_dialogs.message(description);
 }
 

@@ -22,6 +22,8 @@ class WindowHost final : public QObject, public EventQueue {
     /// Runs a handler of that window. What it throws stops here: a message box, a line in the log, and the
     /// program lives. Handlers run inside others, by way of a yield or a message box.
     void handle(std::string_view window, const std::function<void()>& handler);
+    /// The same for the tick of a timer: a failure that comes again with each tick has one message box.
+    void handleTick(std::string_view window, const std::function<void()>& tick);
 
     /// Shows what the windows hold, serves the waiting events, and takes up what the user did.
     void yield() override;
@@ -29,13 +31,16 @@ class WindowHost final : public QObject, public EventQueue {
     WindowRegistry& registry() { return m_registry; }
 
   private:
-    void tell(std::string_view window, std::string_view description);
+    void run(std::string_view window, const std::function<void()>& handler, bool isTick);
+    void tell(std::string_view window, std::string_view description, bool isTick);
     void releaseWhenIdle();
 
     WindowRegistry& m_registry;
     Dialogs& m_dialogs;
     ErrorLog& m_errorLog;
     int m_running = 0;
+    /// The failure of a tick that the user was told last.
+    std::string m_toldOfTick;
 };
 
 }  // namespace vantrace

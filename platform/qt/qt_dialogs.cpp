@@ -10,6 +10,8 @@
 #include <system_error>
 #include <utility>
 
+#include "platform/qt/window_below.h"
+
 namespace vantrace {
 
 namespace {
@@ -20,17 +22,13 @@ QString shown(std::string_view text) {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
-QString shownPath(const fs::path& path) {
-    return QFile::decodeName(QByteArray::fromStdString(path.string()));
+/// In the place of an empty title Qt would show the name of the program.
+QString shownTitle(std::string_view title) {
+    return title.empty() ? QStringLiteral(" ") : shown(title);
 }
 
-/// The active window, or one that is on screen while none is active yet, as at the start.
-QWidget* windowBelow() {
-    if (QWidget* const active = QApplication::activeWindow()) return active;
-    for (QWidget* const window : QApplication::topLevelWidgets()) {
-        if (window->isVisible()) return window;
-    }
-    return nullptr;
+QString shownPath(const fs::path& path) {
+    return QFile::decodeName(QByteArray::fromStdString(path.string()));
 }
 
 /// A dialog over one of our windows. While it waits, that window may go and take the dialog along: then the
@@ -39,7 +37,7 @@ template <class Dialog>
 class Waiting {
   public:
     explicit Waiting(std::string_view title) : m_dialog(new Dialog(windowBelow())) {
-        m_dialog->setWindowTitle(shown(title));
+        m_dialog->setWindowTitle(shownTitle(title));
     }
     ~Waiting() { delete m_dialog.data(); }
     Waiting(const Waiting&) = delete;
@@ -103,7 +101,7 @@ std::optional<fs::path> chosenPath(const FileRequest& request, QFileDialog::File
     }
     startAt(*dialog, request.start);
     // The modes have put a title of their own where there was none.
-    dialog->setWindowTitle(shown(request.title));
+    dialog->setWindowTitle(shownTitle(request.title));
     if (!dialog.isAnswered(QDialog::Accepted)) return std::nullopt;
     const QStringList files = dialog->selectedFiles();
     if (files.isEmpty()) return std::nullopt;

@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QEventLoop>
+#include <QGridLayout>
 #include <QMessageBox>
 #include <QPointer>
 #include <QThread>
@@ -13,6 +14,7 @@
 
 #include "platform/qt/qt_speech_desk.h"
 #include "platform/qt/qt_speech_worker.h"
+#include "platform/qt/window_below.h"
 
 namespace vantrace {
 
@@ -146,11 +148,17 @@ void QtSpeech::showAbout(std::string_view title) {
     }
     m_engine->wake();
     // Held so, because the window that it lies over may go and take it along.
-    const QPointer<QMessageBox> box = new QMessageBox(QApplication::activeWindow());
+    const QPointer<QMessageBox> box = new QMessageBox(windowBelow());
     box->setIcon(QMessageBox::Information);
     box->setWindowTitle(QString::fromUtf8(title.data(), static_cast<qsizetype>(title.size())));
     box->setTextFormat(Qt::PlainText);
     box->setText(aboutText(m_engine->desk().facts()));
+    // Wide enough for its title, which the frame would cut.
+    const int titleWidth =
+        box->fontMetrics().horizontalAdvance(box->windowTitle() + QStringLiteral("MMMMMMMM"));
+    if (auto* const grid = qobject_cast<QGridLayout*>(box->layout())) {
+        grid->addItem(new QSpacerItem(titleWidth, 0), grid->rowCount(), 0, 1, grid->columnCount());
+    }
     box->exec();
     delete box.data();
 }

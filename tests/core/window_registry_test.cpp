@@ -158,6 +158,38 @@ TEST_F(WindowRegistryTest, AnActivationInsideItsOwnIsDropped) {
     EXPECT_EQ(horizon.count("unload"), 1);
 }
 
+TEST_F(WindowRegistryTest, AFocusThatIsNeverGrantedHidesNoLaterOne) {
+    registry.show("Horizon");
+    registry.focusCame("Horizon");
+    registry.show("Main");  // the window system refuses the focus
+    registry.focusCame("Horizon");
+    registry.focusCame("Main");
+    EXPECT_EQ(main.count("activate"), 2);
+}
+
+TEST_F(WindowRegistryTest, AWindowShownInItsOwnActivationIsTheActiveOne) {
+    main.onActivate = [this] {
+        if (main.count("activate") > 1) return;
+        registry.show("Horizon");
+        registry.hide("Horizon");
+        registry.show("Main");
+    };
+    registry.show("Main");
+    registry.focusCame("Main");
+    registry.focusCame("Main");
+    EXPECT_EQ(main.count("activate"), 1) << "a message box that closes is no way to get here";
+}
+
+TEST_F(WindowRegistryTest, AWindowMadeAnewInsideItsOwnActivationIsActivated) {
+    horizon.onActivate = [this] {
+        if (horizon.made > 1) return;
+        registry.unload("Horizon");
+        registry.show("Horizon");
+    };
+    registry.show("Horizon");
+    EXPECT_EQ(horizon.count("activate"), 2);
+}
+
 TEST_F(WindowRegistryTest, AfterItsCloseNothingIsMadeOrTold) {
     horizon.onUnload = [this] { registry.show("Main"); };
     registry.show("Horizon");

@@ -123,11 +123,16 @@ class RecordingDisplayMode final : public DisplayMode {
 /// Only notes what would have happened.
 class RecordingProcess final : public Process {
   public:
-    void startAgain() override { ++starts; }
+    void startAgain() override {
+        if (!failure.empty()) throw std::runtime_error(failure);
+        ++starts;
+    }
     void end(int status) override { ends.push_back(status); }
 
     int starts = 0;
     std::vector<int> ends;
+    /// Why it can't be started.
+    std::string failure;
 };
 
 class CountingEventQueue final : public EventQueue {

@@ -64,7 +64,7 @@ void Main::writeControls() {
     setText(*m_ui->Label2, m_form.Label2);
     setText(*m_ui->Dstatus, m_form.Dstatus);
     setText(*m_ui->Status2, m_form.Status2);
-    setText(*m_ui->Status3, m_form.Status3);
+    setLongText(*m_ui->Status3, m_form.Status3);
     setText(*m_ui->Status4, m_form.Status4);
     setText(*m_ui->Status5, m_form.Status5);
     setText(*m_ui->lblSunRiseSet, m_form.lblSunRiseSet);

@@ -62,7 +62,7 @@ void Tabular::showEvent(QShowEvent* event) {
 void Tabular::writeControls() {
     apply(m_form.skin);
     writeRows();
-    setText(*m_ui->Slocation, m_form.Slocation);
+    setLongText(*m_ui->Slocation, m_form.Slocation);
     setText(*m_ui->Slat, m_form.Slat);
     setText(*m_ui->Slong, m_form.Slong);
     setText(*m_ui->Sheight, m_form.Sheight);

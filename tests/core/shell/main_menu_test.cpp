@@ -61,6 +61,14 @@ TEST_F(MainMenuTest, ResetAsksFirst) {
     EXPECT_EQ(fakes.process.ends, std::vector{0});
 }
 
+TEST_F(MainMenuTest, AResetEndsTheProcessAlsoWhereItCannotBeStartedAnew) {
+    fakes.dialogs.saysYes = true;
+    fakes.process.failure = "vantrace: No such file or directory";
+    run("Mreset");
+    EXPECT_EQ(fakes.dialogs.messages.back(), fakes.process.failure);
+    EXPECT_EQ(fakes.process.ends, std::vector{0});
+}
+
 TEST_F(MainMenuTest, AboutSpeechNeedsTheSettingToBeOne) {
     fakes.settings.set("Speechpack", "2");
     run("MaboutSP");

@@ -130,6 +130,7 @@ TEST(StartUpOnACommaMachine, ReadsThePointsOfTheStoredPlaceAsCommas) {
     EXPECT_DOUBLE_EQ(state.ObserverLatitude, 48.21);
     EXPECT_DOUBLE_EQ(state.ObserverLongitude, 343.63);
     EXPECT_EQ(state.ObserverHeight, 170);
+    EXPECT_EQ(fakes.logged(labels::mainLoadAllSettings), 6) << "no lists, no engine; but no number failed";
 }
 
 TEST_F(StartUpTest, TheScreenIsSwitchedAtTheStartAndAtTheEnd) {

@@ -73,6 +73,23 @@ TEST_F(ViewDispatchTest, ASwitchOfViewsGoesThroughMain) {
     }
 }
 
+TEST_F(ViewDispatchTest, WhoLeavesWhileTheElementsAreSearchedLeavesAtOnce) {
+    folder.write("stations.txt", std::string(4000, '\n'));
+    services.windows.show("Main");
+    fakes.events.yields = 0;
+    fakes.events.onYield = [this] {
+        if (fakes.events.yields == 10) {
+            BUTexit_Click(state, services);
+            Form_Unload(form, state, services);
+        }
+    };
+    const std::size_t logged = fakes.logLines().size();
+    Form_Activate(form, state, services);
+    EXPECT_EQ(fakes.events.yields, 10);
+    EXPECT_EQ(fakes.logLines().size(), logged);
+    EXPECT_EQ(state.MainTag, "exit");
+}
+
 TEST_F(ViewDispatchTest, TheThreeDimensionalViewLeavesMainOnTheScreen) {
     services.windows.show("Main");
     runMenuEntry("mnu3Dview", state, services);

@@ -187,6 +187,24 @@ TEST_F(ShellWindowsTest, AHandlerThatFailsTellsAndTheProgramLives) {
     EXPECT_NE(windowOnScreen<Main>(), nullptr);
 }
 
+TEST_F(ShellWindowsTest, ATickThatFailsEachSecondHasOneMessageBox) {
+    for (int second = 0; second < 3; ++second) {
+        fakes.host.handleTick("Tabular", [] { throw std::runtime_error("out of paper"); });
+    }
+    EXPECT_EQ(fakes.dialogs.messages.size(), 1u);
+    EXPECT_EQ(fakes.logged("Tabular"), 3);
+}
+
+TEST_F(ShellWindowsTest, AnObserverBeyondAllSenseIsLoggedAndTheTableGoesOn) {
+    fakes.settings.set("HASL", "1e200");
+    start();
+    choose("Mtabular");
+    tick(windowOnScreen<Tabular>(), "Timer1");
+    EXPECT_EQ(fakes.dialogs.messages.size(), 0u);
+    EXPECT_EQ(textOf(windowOnScreen<Tabular>(), "Sgmt"), "10:30:00");
+    EXPECT_GT(fakes.logged(labels::globalSatcalc), 0);
+}
+
 TEST_F(ShellWindowsTest, TheExitEndsTheProgram) {
     start();
     choose("Mexit");
