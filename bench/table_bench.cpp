@@ -2,35 +2,14 @@
 #include <benchmark/benchmark.h>
 
 #include <memory>
-#include <sstream>
 
 #include "bench/bench_elements.h"
-#include "core/config.h"
+#include "bench/bench_services.h"
 #include "core/program_state.h"
-#include "core/services.h"
 #include "core/shell/tabular.h"
-#include "platform/file_settings_store.h"
-#include "platform/system_clock.h"
 
 namespace vantrace {
 namespace {
-
-/// The machine's own clock and a settings store that holds what it is told.
-struct BenchServices {
-    SystemClock clock;
-    IdleEventQueue events;
-    FileSettingsStore settings{"/dev/null/none"};
-    SilentSpeech speech;
-    std::ostringstream told;
-    StreamDialogs dialogs{told};
-    NoDesktop desktop;
-    FixedDisplayMode displayMode;
-    SystemProcess process{"", {}};
-    ErrorLog errorLog{clock, {}};
-    WindowRegistry windows;
-    Services services{clock,       events,  settings, speech,  dialogs, desktop,
-                      displayMode, process, errorLog, windows, {}};
-};
 
 void tableTick(benchmark::State& state) {
     BenchServices bench;

@@ -18,6 +18,8 @@ class frmSplash final : public FormWindow {
     /// All outlive this.
     frmSplash(WindowHost& host, Services& services);
     ~frmSplash() override;
+    frmSplash(const frmSplash&) = delete;
+    frmSplash& operator=(const frmSplash&) = delete;
 
   private:
     void formLoad() override;
@@ -34,6 +36,8 @@ class About final : public FormWindow {
     /// All outlive this.
     About(WindowHost& host, Services& services);
     ~About() override;
+    About(const About&) = delete;
+    About& operator=(const About&) = delete;
 
   private:
     void formLoad() override;

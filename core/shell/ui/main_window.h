@@ -22,6 +22,8 @@ class Main final : public FormWindow {
     /// All outlive this.
     Main(WindowHost& host, ProgramState& state, Services& services);
     ~Main() override;
+    Main(const Main&) = delete;
+    Main& operator=(const Main&) = delete;
 
   private:
     void formLoad() override;

@@ -21,6 +21,8 @@ class Tabular final : public FormWindow {
     /// All outlive this.
     Tabular(WindowHost& host, ProgramState& state, Services& services);
     ~Tabular() override;
+    Tabular(const Tabular&) = delete;
+    Tabular& operator=(const Tabular&) = delete;
 
   private:
     void formLoad() override;
