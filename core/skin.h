@@ -2,14 +2,12 @@
 #pragma once
 
 #include <array>
-#include <cstdint>
+
+#include "platform/colour.h"
 
 namespace vantrace {
 
 struct Services;
-
-/// A colour as 0xBBGGRR.
-using Colour = std::uint32_t;
 
 /// The colours and measures of the one look that there is.
 struct SkinValues {
