@@ -11,13 +11,15 @@ namespace vantrace {
 namespace {
 
 void checkSize(double deviceWidth, double deviceHeight, double ratio) {
-    if (!(ratio >= 1 && ratio <= 8))
+    if (!(ratio >= 1 && ratio <= 8)) {
         throw std::invalid_argument("a surface can't have " + std::to_string(ratio) +
                                     " device pixels per pixel");
+    }
     const auto isSound = [](double size) { return size >= 0 && size <= Surface::maximumSize; };
-    if (!isSound(deviceWidth) || !isSound(deviceHeight))
+    if (!isSound(deviceWidth) || !isSound(deviceHeight)) {
         throw std::invalid_argument("a surface can't be " + std::to_string(deviceWidth) + " by " +
                                     std::to_string(deviceHeight) + " device pixels");
+    }
 }
 
 std::size_t pixelCount(int width, int height) {
@@ -34,9 +36,10 @@ Surface::Surface(int width, int height, double devicePixelsPerPixel) {
 Surface::Surface(int deviceWidth, int deviceHeight, std::span<const std::uint32_t> words,
                  double devicePixelsPerPixel) {
     checkSize(deviceWidth, deviceHeight, devicePixelsPerPixel);
-    if (words.size() != pixelCount(deviceWidth, deviceHeight))
+    if (words.size() != pixelCount(deviceWidth, deviceHeight)) {
         throw std::invalid_argument(std::to_string(words.size()) + " words are no picture of " +
                                     std::to_string(deviceWidth) + " by " + std::to_string(deviceHeight));
+    }
     m_ratio = devicePixelsPerPixel;
     m_deviceWidth = deviceWidth;
     m_deviceHeight = deviceHeight;
@@ -64,10 +67,11 @@ void Surface::resize(int width, int height, double devicePixelsPerPixel) {
 Colour Surface::pixel(int x, int y) const {
     const double deviceX = std::floor((x + 0.5) * m_ratio);
     const double deviceY = std::floor((y + 0.5) * m_ratio);
-    if (!(deviceX >= 0 && deviceX < m_deviceWidth && deviceY >= 0 && deviceY < m_deviceHeight))
+    if (!(deviceX >= 0 && deviceX < m_deviceWidth && deviceY >= 0 && deviceY < m_deviceHeight)) {
         throw std::out_of_range("no pixel (" + std::to_string(x) + ", " + std::to_string(y) +
                                 ") on a surface of " + std::to_string(m_width) + " by " +
                                 std::to_string(m_height));
+    }
     return surface::colourOf(row(static_cast<int>(deviceY))[static_cast<std::size_t>(deviceX)]);
 }
 

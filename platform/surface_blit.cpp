@@ -1,7 +1,9 @@
 // Pictures upon a surface: combined bit by bit, stretched, blended.
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -12,7 +14,7 @@
 namespace vantrace {
 namespace {
 
-/// One axis of a blit: for each device pixel of the destination from `begin` on, the source's, or -1.
+/// One axis of a blit: for each device pixel of the destination from `begin` on, the source's.
 struct BlitAxis {
     int begin = 0;
     std::vector<int> source;
@@ -25,13 +27,29 @@ BlitAxis blitAxis(int to, int size, double ratio, int toSize, int from, double s
     const double begin = std::max(edge, 0.0);
     const double end = std::min(edge + length, static_cast<double>(toSize));
     BlitAxis axis;
-    if (!(begin < end)) return axis;
-    axis.begin = static_cast<int>(begin);
+    if (begin < end) axis.source.reserve(static_cast<std::size_t>(end - begin));
     for (double pixel = begin; pixel < end; ++pixel) {
         const double place = std::floor((from + (pixel - edge + 0.5) / ratio) * sourceRatio);
-        axis.source.push_back(place >= 0 && place < sourceSize ? static_cast<int>(place) : -1);
+        if (!(place >= 0 && place < sourceSize)) continue;
+        // Those off the source lie before the first and after the last.
+        if (axis.source.empty()) axis.begin = static_cast<int>(pixel);
+        axis.source.push_back(static_cast<int>(place));
     }
     return axis;
+}
+
+/// Brings a row of words upon another.
+template <class Combine>
+void combineRow(std::uint32_t* words, const std::uint32_t* source, const std::vector<int>& columns,
+                Combine combine) {
+    const std::size_t count = columns.size();
+    const auto first = static_cast<std::size_t>(columns.front());
+    if (static_cast<std::size_t>(columns.back()) - first == count - 1) {
+        // One after the other.
+        for (std::size_t x = 0; x < count; ++x) words[x] = combine(words[x], source[first + x]);
+        return;
+    }
+    for (std::size_t x = 0; x < count; ++x) words[x] = combine(words[x], source[columns[x]]);
 }
 
 /// One axis of a stretch, or nothing where it isn't sound. `place` is the first pixel that is wanted, on the
@@ -75,16 +93,17 @@ void Surface::blit(int x, int y, int width, int height, const Surface& source, i
         blitAxis(x, width, m_ratio, m_deviceWidth, sourceX, source.m_ratio, source.m_deviceWidth);
     const BlitAxis rows =
         blitAxis(y, height, m_ratio, m_deviceHeight, sourceY, source.m_ratio, source.m_deviceHeight);
-    int line = rows.begin;
-    for (const int sourceLine : rows.source) {
-        std::uint32_t* word = row(line++) + columns.begin;
-        if (sourceLine < 0) continue;
-        const std::uint32_t* const from = source.row(sourceLine);
-        for (const int column : columns.source) {
-            if (column >= 0)
-                *word = operation == RasterOperation::bitAnd ? *word & from[column] : *word | from[column];
-            ++word;
+    if (columns.source.empty()) return;
+    std::uint32_t* words = m_words.data() + columns.begin;
+    words += static_cast<std::ptrdiff_t>(rows.begin) * m_deviceWidth;
+    for (const int sourceRow : rows.source) {
+        const std::uint32_t* const from = source.row(sourceRow);
+        if (operation == RasterOperation::bitAnd) {
+            combineRow(words, from, columns.source, std::bit_and<>());
+        } else {
+            combineRow(words, from, columns.source, std::bit_or<>());
         }
+        words += m_deviceWidth;
     }
 }
 

@@ -33,9 +33,10 @@ VANTRACE_BODY void toPixel(std::uint32_t word, float* lanes) {
 
 VANTRACE_BODY std::uint32_t toWord(const float* lanes) {
     std::uint32_t word = 0;
-    for (unsigned lane = 0; lane < 4; ++lane)
-        word |= static_cast<std::uint32_t>(std::nearbyint(std::clamp(lanes[lane], 0.0F, 255.0F)))
-                << (8 * lane);
+    for (unsigned lane = 0; lane < 4; ++lane) {
+        const float value = std::nearbyint(std::clamp(lanes[lane], 0.0F, 255.0F));
+        word |= static_cast<std::uint32_t>(value) << (8 * lane);
+    }
     return word;
 }
 

@@ -100,7 +100,8 @@ void Surface::setPenWidth(int width) {
 
 double Surface::dotEdge(double place) const {
     // Halves go up on both sides of 0, so that what is drawn doesn't depend on where it lies.
-    return std::floor((place - m_penWidth / 2) * m_ratio + 0.5);
+    const int before = m_penWidth / 2;
+    return std::floor((place - before) * m_ratio + 0.5);
 }
 
 void Surface::stamp(double left, double top, std::uint32_t word) {
@@ -179,8 +180,10 @@ void Surface::circle(double x, double y, double radius) {
 void Surface::print(TextPainter& painter, std::string_view text, PenAfterText after) {
     const TextCoverage& mask = painter.coverageOf(m_font, text, m_ratio);
     if (mask.width < 0 || mask.height < 0 ||
-        mask.coverage.size() != static_cast<std::size_t>(mask.width) * static_cast<std::size_t>(mask.height))
+        mask.coverage.size() !=
+            static_cast<std::size_t>(mask.width) * static_cast<std::size_t>(mask.height)) {
         throw std::invalid_argument("the coverage of a text doesn't have the size that it tells");
+    }
     const double left = std::floor(m_pen.x * m_ratio + 0.5) + mask.left;
     const double top = std::floor(m_pen.y * m_ratio + 0.5) + mask.top;
     if (after == PenAfterText::goesToEnd) movePen(m_pen.x + mask.advance / m_ratio, m_pen.y);

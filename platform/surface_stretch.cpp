@@ -92,9 +92,9 @@ StretchTable smoothTable(const StretchSpan& span, bool isCubic) {
         table.first.push_back(first);
         const std::size_t base = table.weights.size();
         table.weights.resize(base + taps);
+        const auto offset = static_cast<std::size_t>(weights.first - first);
         for (std::size_t tap = 0; tap < weights.values.size(); ++tap)
-            table.weights[base + static_cast<std::size_t>(weights.first - first) + tap] =
-                static_cast<float>(weights.values[tap]);
+            table.weights[base + offset + tap] = static_cast<float>(weights.values[tap]);
     }
     return table;
 }
@@ -132,7 +132,8 @@ StretchedRows::StretchedRows(std::span<const std::uint32_t> words, int sourceWid
     const auto [least, greatest] = std::minmax_element(m_columns.first.begin(), m_columns.first.end());
     const int begin = *least;
     m_sourceBegin = static_cast<std::size_t>(begin);
-    m_sourcePair.resize(static_cast<std::size_t>(*greatest - begin + m_columns.taps));
+    m_sourcePair.resize(static_cast<std::size_t>(*greatest) + static_cast<std::size_t>(m_columns.taps) -
+                        m_sourceBegin);
     for (int& first : m_columns.first) first -= begin;
 }
 

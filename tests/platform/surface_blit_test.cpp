@@ -88,9 +88,10 @@ TEST(Blit, SpritesKeepTheirSizeOnADenseScreen) {
 }
 
 TEST(Blit, TakesTheNearestPixelBetweenUnlikeDensities) {
+    const std::array<std::uint32_t, 8> twoRows{9, 9, 9, 9, 1, 2, 3, 4};
     const std::array<std::uint32_t, 4> across{1, 2, 3, 4};
     Surface plain(2, 1);
-    plain.blit(0, 0, 2, 1, Surface(4, 1, across, 2), 0, 0, RasterOperation::bitOr);
+    plain.blit(0, 0, 2, 1, Surface(4, 2, twoRows, 2), 0, 0, RasterOperation::bitOr);
     EXPECT_EQ(wordsOf(plain), (std::vector<std::uint32_t>{0xFF000002, 0xFF000004}));
     Surface dense(4, 1, 1.25);
     dense.blit(0, 0, 4, 1, Surface(4, 1, across), 0, 0, RasterOperation::bitOr);
