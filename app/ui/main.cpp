@@ -4,6 +4,7 @@
 #include <QCommandLineParser>
 #include <QFile>
 #include <QTimer>
+#include <algorithm>
 #include <exception>
 
 #include "app/ui/desktop_program.h"
@@ -12,6 +13,18 @@
 namespace {
 
 using namespace vantrace;
+
+/// The arguments as they stand, without the program folder.
+QString withoutFolder(QStringList arguments) {
+    for (qsizetype i = arguments.size(); i-- > 0;) {
+        if (arguments[i] == QLatin1String("--data")) {
+            arguments.remove(i, std::min<qsizetype>(2, arguments.size() - i));
+        } else if (arguments[i].startsWith(QLatin1String("--data="))) {
+            arguments.removeAt(i);
+        }
+    }
+    return arguments.join(QLatin1Char(' '));
+}
 
 /// Ends the process for "--help" and "--version". Whatever else nobody knows belongs to the command line in
 /// which the switches are looked for.
@@ -33,9 +46,7 @@ DesktopArguments readArguments() {
 
     DesktopArguments arguments;
     if (parser.isSet(data)) arguments.dataFolder = QFile::encodeName(parser.value(data)).toStdString();
-    QStringList rest = parser.positionalArguments();
-    for (const QString& unknown : parser.unknownOptionNames()) rest << QLatin1Char('-') + unknown;
-    arguments.commandLine = rest.join(QLatin1Char(' ')).toStdString();
+    arguments.commandLine = withoutFolder(QCoreApplication::arguments().mid(1)).toStdString();
     return arguments;
 }
 

@@ -78,6 +78,21 @@ TEST_F(TabularTest, ARiseIsAnnouncedOnceAndNotAtTheOpening) {
     EXPECT_EQ(table.TabList[0].colour, inRangeColour);
 }
 
+TEST_F(TabularTest, AtTheVeryHorizonItIsInRangeStaysWhiteAndIsAnnouncedAgain) {
+    // A name that no element file holds leaves the last result as it stands.
+    state.Favourites[1].Name = "NOBODY-1";
+    state.FavouriteCount = 1;
+    RefreshTable(table, state);
+    state.SatElevation = 0;
+    state.SatAzimuth = 359.9;
+    for (int second = 0; second < 3; ++second) MainLoop(table, state, services);
+    EXPECT_EQ(table.TabList[0].colour, outOfRangeColour);
+    EXPECT_EQ(table.Sstatus, "1 out of 1 Satellites in range");
+    EXPECT_EQ(fakes.speech.texts,
+              std::vector<std::string>(2, "NOBODY 1 is now in range at heading 359degrees."))
+        << "not at the first look, then each second";
+}
+
 TEST_F(TabularTest, ARowWhoseFavouriteIsGoneKeepsItsValues) {
     MainLoop(table, state, services);
     const TableRow before = table.TabList[0];
