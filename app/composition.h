@@ -13,6 +13,8 @@
 #include "orbit/instant.h"
 #include "orbit/orbit_engine.h"
 #include "platform/program_folder.h"
+#include "platform/qt/qt_pictures.h"
+#include "platform/qt/qt_text_painter.h"
 
 namespace vantrace {
 
@@ -51,6 +53,9 @@ class Composition {
     NoDesktop m_desktop;
     FixedDisplayMode m_displayMode;
     SystemProcess m_process;
+    NoSoundCapture m_capture;
+    QtPictures m_pictures;
+    QtTextPainter m_textPainter;
     WindowRegistry m_windows;
     /// Without a folder it writes nothing: this program tells its failures on the error stream.
     ErrorLog m_errorLog;

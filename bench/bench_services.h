@@ -6,6 +6,8 @@
 
 #include "core/services.h"
 #include "platform/file_settings_store.h"
+#include "platform/qt/qt_pictures.h"
+#include "platform/qt/qt_text_painter.h"
 #include "platform/system_clock.h"
 
 namespace vantrace {
@@ -21,10 +23,13 @@ struct BenchServices {
     NoDesktop desktop;
     FixedDisplayMode displayMode;
     SystemProcess process{"", {}};
+    NoSoundCapture capture;
+    QtPictures pictures;
+    QtTextPainter textPainter;
     ErrorLog errorLog{clock, {}};
     WindowRegistry windows;
-    Services services{clock,       events,  settings, speech,  dialogs, desktop,
-                      displayMode, process, errorLog, windows, {}};
+    Services services{clock,   events,  settings, speech,      dialogs,  desktop, displayMode,
+                      process, capture, pictures, textPainter, errorLog, windows, {}};
 };
 
 }  // namespace vantrace

@@ -9,9 +9,12 @@
 #include "platform/display_mode.h"
 #include "platform/event_queue.h"
 #include "platform/machine_format.h"
+#include "platform/pictures.h"
 #include "platform/process.h"
 #include "platform/settings_store.h"
+#include "platform/sound_capture.h"
 #include "platform/speech.h"
+#include "platform/text_painter.h"
 
 namespace vantrace {
 
@@ -24,6 +27,9 @@ struct Services {
     Desktop& desktop;
     DisplayMode& displayMode;
     Process& process;
+    SoundCapture& capture;
+    Pictures& pictures;
+    TextPainter& textPainter;
     ErrorLog& errorLog;
     WindowRegistry& windows;
     MachineFormat format;

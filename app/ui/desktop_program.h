@@ -12,7 +12,9 @@
 #include "platform/file_settings_store.h"
 #include "platform/qt/qt_desktop.h"
 #include "platform/qt/qt_dialogs.h"
+#include "platform/qt/qt_pictures.h"
 #include "platform/qt/qt_speech.h"
+#include "platform/qt/qt_text_painter.h"
 #include "platform/system_clock.h"
 
 namespace vantrace {
@@ -46,6 +48,9 @@ class DesktopProgram {
     QtDesktop m_desktop;
     FixedDisplayMode m_displayMode;
     SystemProcess m_process;
+    NoSoundCapture m_capture;
+    QtPictures m_pictures;
+    QtTextPainter m_textPainter;
     MachineFormat m_format;
     ErrorLog m_errorLog;
     WindowRegistry m_windows;

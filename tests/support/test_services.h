@@ -8,6 +8,9 @@
 #include "core/services.h"
 #include "core/window_registry.h"
 #include "tests/support/fake_clock.h"
+#include "tests/support/fake_pictures.h"
+#include "tests/support/fake_sound_capture.h"
+#include "tests/support/fake_text_painter.h"
 #include "tests/support/memory_settings_store.h"
 #include "tests/support/recording_ports.h"
 #include "tests/support/temporary_folder.h"
@@ -34,6 +37,9 @@ struct TestServices {
     RecordingDesktop desktop;
     RecordingDisplayMode displayMode;
     RecordingProcess process;
+    FakeSoundCapture capture;
+    FakePictures pictures;
+    FakeTextPainter textPainter;
     WindowRegistry windows;
     ErrorLog errorLog;
     /// What routines are handed.

@@ -1,0 +1,35 @@
+// A text box whose text has a colour for each part.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "platform/colour.h"
+
+namespace vantrace {
+
+struct RichText {
+    struct Part {
+        Colour colour = 0;
+        std::string text;
+
+        friend bool operator==(const Part&, const Part&) = default;
+    };
+
+    std::vector<Part> parts;
+    bool isVisible = false;
+
+    bool isEmpty() const { return parts.empty(); }
+    void clear() { parts.clear(); }
+    void append(Colour colour, std::string text) { parts.push_back({colour, std::move(text)}); }
+    /// The whole without its colours.
+    std::string plainText() const {
+        std::string whole;
+        for (const Part& part : parts) whole += part.text;
+        return whole;
+    }
+};
+
+}  // namespace vantrace
