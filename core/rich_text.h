@@ -19,11 +19,19 @@ struct RichText {
     };
 
     std::vector<Part> parts;
+    /// Counts what was done to the text, so that a window sees a change at once.
+    unsigned changes = 0;
     bool isVisible = false;
 
     bool isEmpty() const { return parts.empty(); }
-    void clear() { parts.clear(); }
-    void append(Colour colour, std::string text) { parts.push_back({colour, std::move(text)}); }
+    void clear() {
+        parts.clear();
+        ++changes;
+    }
+    void append(Colour colour, std::string text) {
+        parts.push_back({colour, std::move(text)});
+        ++changes;
+    }
     /// The whole without its colours.
     std::string plainText() const {
         std::string whole;
