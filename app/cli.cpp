@@ -12,8 +12,8 @@ namespace vantrace {
 namespace {
 
 std::vector<Command> allCommands() {
-    return {trackCommand(), stateCommand(),      passesCommand(), listCommand(),
-            checkCommand(), favouritesCommand(), todayCommand()};
+    return {trackCommand(),      stateCommand(), passesCommand(), listCommand(),    checkCommand(),
+            favouritesCommand(), todayCommand(), mapCommand(),    predictCommand(), jobCommand()};
 }
 
 ProgramSyntax programSyntax(const std::vector<Command>& commands) {
@@ -44,7 +44,7 @@ Format formatOf(const CommandLine& line) {
 
 int runCommand(const Command& command, const CommandLine& line, Surroundings& surroundings,
                Console& console) {
-    const Format format = formatOf(line);
+    const Format format = command.hasOwnFormats ? Format::table : formatOf(line);
     // A site is looked at wherever one is given, so that a wrong one is told.
     const std::optional<std::string> siteText = line.value("site");
     const std::optional<Site> site = siteText ? std::optional(parseSite(*siteText)) : std::nullopt;

@@ -27,18 +27,22 @@ std::string likeNames(const ElementCatalogue& catalogue, std::string_view wanted
 
 }  // namespace
 
-std::vector<std::string> namesOf(const CommandContext& context, bool skyBodiesToo) {
+std::string nameOf(const CommandContext& context, std::string_view argument, bool skyBodiesToo) {
     const ElementCatalogue& catalogue = context.engine().catalogue();
+    const std::string name(trimmed(argument));
+    const bool isBody = skyBodyOf(name).has_value();
+    if (isBody && !skyBodiesToo) throw UserError(inQuotes(name) + " is no satellite");
+    if (!isBody && catalogue.find(name) == nullptr) {
+        throw UserError("no element file of " + context.program.state().AppPath + " holds " + inQuotes(name) +
+                        likeNames(catalogue, name));
+    }
+    return name;
+}
+
+std::vector<std::string> namesOf(const CommandContext& context, bool skyBodiesToo) {
     std::vector<std::string> names;
     for (const std::string& argument : context.line.arguments) {
-        const std::string name(trimmed(argument));
-        const bool isBody = skyBodyOf(name).has_value();
-        if (isBody && !skyBodiesToo) throw UserError(inQuotes(name) + " is no satellite");
-        if (!isBody && catalogue.find(name) == nullptr) {
-            throw UserError("no element file of " + context.program.state().AppPath + " holds " +
-                            inQuotes(name) + likeNames(catalogue, name));
-        }
-        names.push_back(name);
+        names.push_back(nameOf(context, argument, skyBodiesToo));
     }
     return names;
 }

@@ -32,6 +32,8 @@ struct Command {
     bool needsSite = false;
     /// The exit status. Throws UserError, FileError and OutputFailure.
     int (*run)(const CommandContext&) = nullptr;
+    /// It has other formats than table, CSV and JSON and reads the option itself.
+    bool hasOwnFormats = false;
 };
 
 Command trackCommand();
@@ -41,9 +43,14 @@ Command listCommand();
 Command checkCommand();
 Command favouritesCommand();
 Command todayCommand();
+Command mapCommand();
+Command predictCommand();
+Command jobCommand();
 
-/// The arguments as trimmed names that the engine knows, sky bodies among them where they are allowed. Throws
-/// UserError for the first one it doesn't, with names that are like it.
+/// An argument as a trimmed name that the engine knows, a sky body's where that is allowed. Throws UserError
+/// for one it doesn't, with names that are like it.
+std::string nameOf(const CommandContext& context, std::string_view argument, bool skyBodiesToo);
+/// The same for all arguments.
 std::vector<std::string> namesOf(const CommandContext& context, bool skyBodiesToo);
 
 /// The time of an option, or now.

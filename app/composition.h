@@ -56,6 +56,7 @@ class Composition {
     NoSoundCapture m_capture;
     QtPictures m_pictures;
     QtTextPainter m_textPainter;
+    NoPrinter m_printer;
     WindowRegistry m_windows;
     /// Without a folder it writes nothing: this program tells its failures on the error stream.
     ErrorLog m_errorLog;

@@ -26,10 +26,11 @@ struct BenchServices {
     NoSoundCapture capture;
     QtPictures pictures;
     QtTextPainter textPainter;
+    NoPrinter printer;
     ErrorLog errorLog{clock, {}};
     WindowRegistry windows;
-    Services services{clock,   events,  settings, speech,      dialogs,  desktop, displayMode,
-                      process, capture, pictures, textPainter, errorLog, windows, {}};
+    Services services{clock,   events,   settings,    speech,  dialogs,  desktop, displayMode, process,
+                      capture, pictures, textPainter, printer, errorLog, windows, {}};
 };
 
 }  // namespace vantrace

@@ -6,12 +6,11 @@
 #include "bench/bench_elements.h"
 #include "bench/bench_services.h"
 #include "core/program_state.h"
-#include "mapview/ground_track.h"
-#include "mapview/gsatroutine.h"
+#include "mapview/tables/ground_track.h"
+#include "mapview/tables/gsatroutine.h"
 #include "mapview/map_state.h"
-#include "mapview/pass_recorder.h"
-#include "mapview/shade.h"
-#include "mapview/sun_moon.h"
+#include "mapview/paint/shade.h"
+#include "mapview/tables/sun_moon.h"
 #include "mapview/world_view_form.h"
 
 namespace vantrace {
@@ -32,13 +31,12 @@ struct BenchMap : BenchServices {
     ProgramState program;
     WorldViewForm form;
     MapState map;
-    PassRecorder recorder;
 };
 
 void mapTick(benchmark::State& state) {
     BenchMap bench(static_cast<std::size_t>(state.range(0)));
     for (auto _ : state) {
-        Gsatroutine(bench.form, bench.map, bench.program, bench.services, bench.recorder);
+        Gsatroutine(bench.form, bench.map, bench.program, bench.services);
         benchmark::DoNotOptimize(bench.map);
     }
     state.SetItemsProcessed(state.iterations() * bench.program.FavouriteCount);

@@ -119,8 +119,27 @@ struct ProgramState {
     double SatVectorY = 0;
     double SatVectorZ = 0;
 
+    /// The word `frmTracker.Tag`: the satellite that the antenna follows.
+    std::string TrackerTag;
+    /// Whether the user wants to hear the program, as he said last on the map; nobody reads it.
+    bool SpeechEnabled = false;
+
     /// Whether the upcoming passes are being worked out.
     bool QuickETABusy = false;
+
+    /// From the moment that the recording of a pass is decided until `StopRecording` has run; and the
+    /// satellite.
+    bool Recording = false;
+    std::string RecordingSat;
+    /// The form of what is captured: samples a second, channels, bits of a sample.
+    std::int32_t WaveRate = 0;
+    std::int16_t WaveChannels = 0;
+    std::int16_t WaveBits = 0;
+    /// A capture's file with a blank in its name: the platform's short form, the name itself, and 65535 from
+    /// then on. Nobody reads them but whoever saves.
+    std::string WaveShortName;
+    std::string WaveLongName;
+    std::uint16_t WaveNameFlag = 0;
 };
 
 }  // namespace vantrace

@@ -14,6 +14,7 @@ struct RichText {
     struct Part {
         Colour colour = 0;
         std::string text;
+        bool isBold = false;
 
         friend bool operator==(const Part&, const Part&) = default;
     };
@@ -28,8 +29,8 @@ struct RichText {
         parts.clear();
         ++changes;
     }
-    void append(Colour colour, std::string text) {
-        parts.push_back({colour, std::move(text)});
+    void append(Colour colour, std::string text, bool isBold = false) {
+        parts.push_back({colour, std::move(text), isBold});
         ++changes;
     }
     /// The whole without its colours.

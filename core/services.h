@@ -10,6 +10,7 @@
 #include "platform/event_queue.h"
 #include "platform/machine_format.h"
 #include "platform/pictures.h"
+#include "platform/printer.h"
 #include "platform/process.h"
 #include "platform/settings_store.h"
 #include "platform/sound_capture.h"
@@ -30,6 +31,7 @@ struct Services {
     SoundCapture& capture;
     Pictures& pictures;
     TextPainter& textPainter;
+    Printer& printer;
     ErrorLog& errorLog;
     WindowRegistry& windows;
     MachineFormat format;

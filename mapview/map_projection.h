@@ -27,6 +27,8 @@ bool isSouthern(MapView view);
 struct SurfaceSize {
     int width = 0;
     int height = 0;
+
+    friend bool operator==(const SurfaceSize&, const SurfaceSize&) = default;
 };
 
 /// The surface `Alpha`, on which the shade is drawn, whatever the size of the map.

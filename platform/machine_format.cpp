@@ -3,6 +3,7 @@
 #include <langinfo.h>
 #include <locale.h>
 
+#include <algorithm>
 #include <array>
 #include <chrono>
 #include <ctime>
@@ -44,6 +45,18 @@ std::string textBy(const std::string& pattern, const ClockParts& parts, const st
     return {text.data(), length};
 }
 
+/// The order of the parts is that of the short date. A date that is written with signs of its own behind the
+/// figures, as in East Asia, is a long one already.
+std::string longDatePattern(std::string_view date) {
+    const auto isPlain = [](char sign) { return sign >= ' ' && sign <= '~'; };
+    if (!std::ranges::all_of(date, isPlain)) return std::string(date) + " %A";
+    const std::size_t year = std::min(date.find("%Y"), date.find("%y"));
+    const std::size_t month = std::min(date.find("%m"), date.find("%b"));
+    const std::size_t day = std::min(date.find("%d"), date.find("%e"));
+    if (date == "%D" || (month < day && day < year)) return "%A, %B %-d, %Y";
+    return MachineFormat().longDatePattern;
+}
+
 }  // namespace
 
 std::string MachineFormat::dateText(const ClockParts& parts) const {
@@ -52,6 +65,10 @@ std::string MachineFormat::dateText(const ClockParts& parts) const {
 
 std::string MachineFormat::timeText(const ClockParts& parts) const {
     return textBy(timePattern, parts, locale);
+}
+
+std::string MachineFormat::longDateText(const ClockParts& parts) const {
+    return textBy(longDatePattern, parts, locale);
 }
 
 std::string MachineFormat::dateTimeText(const ClockParts& parts) const {
@@ -73,6 +90,7 @@ MachineFormat machineFormatFromEnvironment() {
     if (date != "%m/%d/%y") {
         format.datePattern = date;
         format.timePattern = nl_langinfo_l(T_FMT, locale);
+        format.longDatePattern = longDatePattern(date);
     }
     return format;
 }

@@ -15,23 +15,29 @@ struct CaptureFormat {
 /// One capture at most is open, from open() to close() or closeAll(). Each operation tells whether it did
 /// what it is for; without an open capture all but open() and closeAll() tell that they didn't. Nothing
 /// throws, and nothing waits for long.
+///
+/// No sound is lost: what was captured and not saved when a capture is closed, or when the process ends in
+/// whatever way, lies in a wave file in the folder that was the current directory at record().
 class SoundCapture {
   public:
     virtual ~SoundCapture() = default;
 
-    /// Closes whatever is open; what was captured and not saved is gone. Succeeds with nothing open, too.
+    /// Closes whatever is open. Succeeds with nothing open, too.
     virtual bool closeAll() = 0;
     /// A new capture, empty, on the user's input device. Fails where there is none.
     virtual bool open() = 0;
-    /// Back to the start, for what is captured next.
+    /// The start of an empty capture; fails where something is captured already.
     virtual bool seekToStart() = 0;
+    /// Fails for another form than that of CaptureFormat, at any rate but a usual one, and after record().
     virtual bool setFormat(const CaptureFormat& format) = 0;
-    /// From here on all sound is captured.
+    /// From here on all sound is captured, until the device vanishes or the disk is full. Fails where the
+    /// current directory can't be written.
     virtual bool record() = 0;
-    /// Puts what is captured into a wave file; a name without a folder means the current directory. Whatever
-    /// happens to the process after record(), what was captured up to then lies in a file that plays.
+    /// Ends record(), and makes what was captured the file of that name; one that was there is gone then. A
+    /// name without a folder means the current directory. Where it fails (nothing captured, another file
+    /// system, a folder of that name) both stay as they are.
     virtual bool save(std::string_view file) = 0;
-    /// The end of record(). What was captured stays.
+    /// The end of record(). What was captured stays. Fails where nothing is being captured.
     virtual bool stop() = 0;
     virtual bool close() = 0;
 };

@@ -101,6 +101,7 @@ class Surface {
     /// pen's width. The pen goes to (x,y). A radius below 0 or without a number is passed over.
     void circle(double x, double y, double radius);
     /// A line of text with its top left corner at the pen, in the pen's colour. The background shows through.
+    /// A halo, where the painter gives one, is dark around light letters and light around dark ones.
     void print(TextPainter& painter, std::string_view text, PenAfterText after = PenAfterText::stays);
 
     /// Fills with the fill colour what is reached from the pixel by steps to the left, right, up and down
@@ -134,6 +135,9 @@ class Surface {
     /// Left or top edge, in device pixels, of the dot at a place.
     double dotEdge(double place) const;
     void stamp(double left, double top, std::uint32_t word);
+    /// Lays a colour on, as much as the bitmap says, whose top left corner is there, in device pixels.
+    void lay(double left, double top, int bitmapWidth, int bitmapHeight, const std::uint8_t* bitmap,
+             std::uint32_t word);
     template <class PaintRow>
     bool scale(const Area& destination, const Surface& source, const Area& sourceArea, Sampling sampling,
                PaintRow paintRow);

@@ -147,8 +147,18 @@ bool Surface::blend(const Area& destination, const Surface& source, const Area& 
     const surface::Kernels& kernels = surface::bestKernels();
     return scale(destination, source, sourceArea, sampling,
                  [&](surface::StretchedRows& rows, std::size_t line, std::span<std::uint32_t> words) {
-                     rows.write(line, scaled.data());
-                     kernels.blendRow(scaled.data(), words.data(), words.size(), weight);
+                     const auto blendMixed = [&](std::size_t begin, std::size_t end) {
+                         if (begin == end) return;
+                         rows.write(line, begin, end, scaled.data());
+                         kernels.blendRow(scaled.data(), words.data() + begin, end - begin, weight);
+                     };
+                     std::size_t done = 0;
+                     for (const surface::SolidRun& run : rows.solidRuns(line)) {
+                         blendMixed(done, run.begin);
+                         kernels.blendWord(run.word, words.data() + run.begin, run.end - run.begin, weight);
+                         done = run.end;
+                     }
+                     blendMixed(done, words.size());
                  });
 }
 

@@ -3,6 +3,7 @@
 #include <array>
 #include <cmath>
 #include <cstdint>
+#include <cstring>
 #include <numeric>
 #include <optional>
 #include <stdexcept>
@@ -82,6 +83,28 @@ struct Track {
         end = std::min(end, firstStep([&](Value value) { return rises ? value > high : value < low; }));
     }
 };
+
+/// Lays a colour over a run of words, each as far as it is covered.
+void cover(std::uint32_t* words, const std::uint8_t* coverage, int count, std::uint32_t word) {
+    // Most of a line of text is uncovered.
+    constexpr int together = 8;
+    int at = 0;
+    for (; at + together <= count; at += together) {
+        std::uint64_t all = 0;
+        std::memcpy(&all, coverage + at, sizeof all);
+        if (all == 0) continue;
+        for (int i = at; i < at + together; ++i) words[i] = surface::blended(word, words[i], coverage[i]);
+    }
+    for (; at < count; ++at) words[at] = surface::blended(word, words[at], coverage[at]);
+}
+
+/// By the brightness of the letters as the eye has it (the weights of ITU-R BT.709).
+Colour haloColour(Colour letters) {
+    constexpr double halfBright = 110;
+    const double brightness =
+        0.2126 * (letters & 0xFFU) + 0.7152 * (letters >> 8U & 0xFFU) + 0.0722 * (letters >> 16U & 0xFFU);
+    return brightness < halfBright ? 0xFFFFFF : 0;
+}
 
 }  // namespace
 
@@ -177,28 +200,39 @@ void Surface::circle(double x, double y, double radius) {
     }
 }
 
+void Surface::lay(double left, double top, int bitmapWidth, int bitmapHeight, const std::uint8_t* bitmap,
+                  std::uint32_t word) {
+    if (!(left < m_deviceWidth && left > -bitmapWidth && top < m_deviceHeight && top > -bitmapHeight)) return;
+    const auto x = static_cast<int>(left);
+    const auto y = static_cast<int>(top);
+    const int first = std::max(x, 0);
+    const int end = std::min(x + bitmapWidth, m_deviceWidth);
+    for (int line = std::max(y, 0); line < std::min(y + bitmapHeight, m_deviceHeight); ++line) {
+        const std::ptrdiff_t pixel = static_cast<std::ptrdiff_t>(line - y) * bitmapWidth + (first - x);
+        cover(row(line) + first, bitmap + pixel, end - first, word);
+    }
+}
+
 void Surface::print(TextPainter& painter, std::string_view text, PenAfterText after) {
     const TextCoverage& mask = painter.coverageOf(m_font, text, m_ratio);
-    if (mask.width < 0 || mask.height < 0 ||
-        mask.coverage.size() !=
-            static_cast<std::size_t>(mask.width) * static_cast<std::size_t>(mask.height)) {
+    const int haloWidth = mask.width + 2 * mask.haloMargin;
+    const int haloHeight = mask.height + 2 * mask.haloMargin;
+    const auto holds = [](const std::vector<std::uint8_t>& bitmap, int width, int height) {
+        return width >= 0 && height >= 0 &&
+               bitmap.size() == static_cast<std::size_t>(width) * static_cast<std::size_t>(height);
+    };
+    if (!holds(mask.coverage, mask.width, mask.height) ||
+        !(mask.halo.empty() || holds(mask.halo, haloWidth, haloHeight))) {
         throw std::invalid_argument("the coverage of a text doesn't have the size that it tells");
     }
     const double left = std::floor(m_pen.x * m_ratio + 0.5) + mask.left;
     const double top = std::floor(m_pen.y * m_ratio + 0.5) + mask.top;
     if (after == PenAfterText::goesToEnd) movePen(m_pen.x + mask.advance / m_ratio, m_pen.y);
-    if (!(left < m_deviceWidth && left > -mask.width && top < m_deviceHeight && top > -mask.height)) return;
-
-    const auto x = static_cast<int>(left);
-    const auto y = static_cast<int>(top);
-    const std::uint32_t word = surface::wordOf(m_penColour);
-    const std::uint8_t* coverage = mask.coverage.data();
-    for (int line = y; line < std::min(y + mask.height, m_deviceHeight); ++line, coverage += mask.width) {
-        if (line < 0) continue;
-        std::uint32_t* const words = row(line);
-        for (int at = std::max(x, 0); at < std::min(x + mask.width, m_deviceWidth); ++at)
-            words[at] = surface::blended(word, words[at], coverage[at - x]);
+    if (!mask.halo.empty()) {
+        lay(left - mask.haloMargin, top - mask.haloMargin, haloWidth, haloHeight, mask.halo.data(),
+            surface::wordOf(haloColour(m_penColour)));
     }
+    lay(left, top, mask.width, mask.height, mask.coverage.data(), surface::wordOf(m_penColour));
 }
 
 }  // namespace vantrace

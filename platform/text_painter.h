@@ -29,6 +29,10 @@ struct TextCoverage {
     double advance = 0;
     /// Row by row from the top, `width` times `height` of them: 0 leaves what is there, 255 covers it.
     std::vector<std::uint8_t> coverage;
+    /// The same for what is laid under the letters in a colour that sets them off from any ground: a bitmap
+    /// that is wider by the margin on each side. Empty where the letters stand alone.
+    int haloMargin = 0;
+    std::vector<std::uint8_t> halo;
 };
 
 /// Paints lines of text. What can't be shown has a replacement sign; nothing fails but for want of memory.

@@ -9,10 +9,13 @@
 #include "core/program_state.h"
 #include "core/services.h"
 #include "core/ui/window_host.h"
+#include "mapview/map_state.h"
 #include "platform/file_settings_store.h"
 #include "platform/qt/qt_desktop.h"
 #include "platform/qt/qt_dialogs.h"
 #include "platform/qt/qt_pictures.h"
+#include "platform/qt/qt_printer.h"
+#include "platform/qt/qt_sound_capture.h"
 #include "platform/qt/qt_speech.h"
 #include "platform/qt/qt_text_painter.h"
 #include "platform/system_clock.h"
@@ -48,15 +51,17 @@ class DesktopProgram {
     QtDesktop m_desktop;
     FixedDisplayMode m_displayMode;
     SystemProcess m_process;
-    NoSoundCapture m_capture;
+    QtSoundCapture m_capture;
     QtPictures m_pictures;
     QtTextPainter m_textPainter;
+    QtPrinter m_printer;
     MachineFormat m_format;
     ErrorLog m_errorLog;
     WindowRegistry m_windows;
     WindowHost m_host;
     Services m_services;
     ProgramState m_state;
+    MapState m_map;
 };
 
 }  // namespace vantrace

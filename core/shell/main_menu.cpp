@@ -109,6 +109,7 @@ void MaboutSP_Click(const ProgramState& state, Services& services) {
 }
 
 void BUTexit_Click(ProgramState& state, Services& services) {
+    services.capture.closeAll();
     services.windows.unload("frmTracker");
     state.MainTag = "exit";
     services.windows.unload("Main");

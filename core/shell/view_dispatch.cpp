@@ -85,6 +85,7 @@ void Form_Activate(MainForm& form, ProgramState& state, Services& services) {
     if (state.GroupCount != 0) refreshStatusPanel(form, state, services, label);
     // The panel yields, and the user may have left.
     if (state.MainTag == "exit") return;
+    label.step([&] { services.capture.closeAll(); });
     if (!state.CommandLineDone) applySwitches(state, services, label);
     label.step([&] { dispatchNextView(state, services); });
     state.NextView.clear();

@@ -6,23 +6,34 @@
 #include <QImage>
 #include <QPainter>
 #include <algorithm>
+#include <array>
+#include <clocale>
 #include <cmath>
+#include <iterator>
 
 namespace vantrace {
 
-/// Qt's faces need an application of its own.
+/// Qt's faces need an application. Where the process has none, this one shows nothing and asks for no screen.
 class FontPlatform {
   public:
     FontPlatform() {
         if (QCoreApplication::instance() != nullptr) return;
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-        m_application = std::make_unique<QGuiApplication>(m_argumentCount, m_arguments);
+        // What it misses of a desktop (a runtime folder, a theme) is nothing to tell whoever wants a text.
+        const QtMessageHandler before =
+            qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
+        m_application = std::make_unique<QGuiApplication>(m_argumentCount, m_arguments.data());
+        qInstallMessageHandler(before);
+        // Making it sets the locale of the process; nobody else's numbers shall have its commas.
+        std::setlocale(LC_NUMERIC, "C");
     }
 
   private:
-    char m_name[9] = "vantrace";
-    char* m_arguments[2] = {m_name, nullptr};
-    int m_argumentCount = 1;
+    // Qt keeps references to both.
+    std::array<char, 9> m_name{"vantrace"};
+    std::array<char, 10> m_option{"-platform"};
+    std::array<char, 10> m_platform{"offscreen"};
+    std::array<char*, 4> m_arguments{m_name.data(), m_option.data(), m_platform.data(), nullptr};
+    int m_argumentCount = 3;
     std::unique_ptr<QGuiApplication> m_application;
 };
 
@@ -34,12 +45,16 @@ constexpr std::size_t knownTexts = 2000;
 constexpr qsizetype greatestLetters = 1000;
 constexpr double pixelsPerPoint = 96.0 / 72.0;
 
+/// The faces asked for are narrower than the one that is there.
+constexpr int widthPercent = 90;
+
 /// The two faces that surfaces ask for are those of another platform.
 QFont fontFor(const Font& asked, double devicePixelsPerPixel) {
     QFont font(QStringLiteral("DejaVu Sans"));
     font.setPixelSize(
         std::max(1, static_cast<int>(std::lround(asked.sizePoints * pixelsPerPoint * devicePixelsPerPixel))));
     font.setBold(asked.isBold);
+    font.setStretch(widthPercent);
     font.setStyleHint(QFont::SansSerif);
     font.setHintingPreference(QFont::PreferNoHinting);
     font.setStyleStrategy(
@@ -47,29 +62,77 @@ QFont fontFor(const Font& asked, double devicePixelsPerPixel) {
     return font;
 }
 
+/// The part of a picture that isn't black; empty where all is.
+QRect inkOf(const QImage& image) {
+    int left = image.width();
+    int right = -1;
+    int top = image.height();
+    int bottom = -1;
+    for (int y = 0; y < image.height(); ++y) {
+        const uchar* const begin = image.constScanLine(y);
+        const uchar* const end = begin + image.width();
+        const auto isInk = [](uchar value) { return value != 0; };
+        const uchar* const first = std::find_if(begin, end, isInk);
+        if (first == end) continue;
+        const auto last = std::find_if(std::reverse_iterator(end), std::reverse_iterator(begin), isInk);
+        left = std::min(left, static_cast<int>(first - begin));
+        right = std::max(right, static_cast<int>(last.base() - begin) - 1);
+        top = std::min(top, y);
+        bottom = y;
+    }
+    return {QPoint(left, top), QPoint(right, bottom)};
+}
+
+/// What lies around the letters: up to 60 % where a letter is next to it, less at its corners.
+void addHalo(TextCoverage& text, double devicePixelsPerPixel) {
+    if (text.coverage.empty()) return;
+    constexpr double strength = 0.6;
+    const int margin = std::max(1, static_cast<int>(std::lround(devicePixelsPerPixel)));
+    const int width = text.width + 2 * margin;
+    text.haloMargin = margin;
+    text.halo.assign(static_cast<std::size_t>(width) * static_cast<std::size_t>(text.height + 2 * margin), 0);
+    for (int y = 0; y < text.height; ++y) {
+        for (int x = 0; x < text.width; ++x) {
+            const double ink = text.coverage[static_cast<std::size_t>(y * text.width + x)];
+            if (ink == 0) continue;
+            for (int dy = -margin; dy <= margin; ++dy) {
+                for (int dx = -margin; dx <= margin; ++dx) {
+                    const double distance = std::hypot(dx, dy) / margin;
+                    const double share = strength * std::clamp(2 - distance, 0.0, 1.0);
+                    std::uint8_t& halo =
+                        text.halo[static_cast<std::size_t>((y + margin + dy) * width + x + margin + dx)];
+                    halo = std::max(halo, static_cast<std::uint8_t>(ink * share));
+                }
+            }
+        }
+    }
+}
+
 TextCoverage painted(const QFont& font, const QString& text) {
     const QFontMetricsF metrics(font);
     TextCoverage result;
     result.advance = metrics.horizontalAdvance(text);
     // Room for what leans over its place.
-    const QRectF ink = metrics.boundingRect(text).adjusted(-2, -2, 2, 2);
-    const QRect box = ink.translated(0, metrics.ascent()).toAlignedRect();
-    result.width = std::max(0, box.width());
-    result.height = std::max(0, box.height());
-    result.left = box.left();
-    result.top = box.top();
-    if (text.isEmpty() || result.width == 0 || result.height == 0) return result;
+    const QRectF reach = metrics.boundingRect(text).adjusted(-2, -2, 2, 2);
+    const QRect box = reach.translated(0, metrics.ascent()).toAlignedRect();
+    if (text.isEmpty() || box.isEmpty()) return result;
 
-    QImage image(result.width, result.height, QImage::Format_Grayscale8);
+    QImage image(box.size(), QImage::Format_Grayscale8);
     image.fill(0);
     QPainter painter(&image);
     painter.setFont(font);
     painter.setPen(Qt::white);
     painter.drawText(QPointF(-box.left(), metrics.ascent() - box.top()), text);
     painter.end();
+    const QRect ink = inkOf(image);
+    if (ink.isEmpty()) return result;
+    result.width = ink.width();
+    result.height = ink.height();
+    result.left = box.left() + ink.left();
+    result.top = box.top() + ink.top();
     result.coverage.reserve(static_cast<std::size_t>(result.width) * static_cast<std::size_t>(result.height));
-    for (int y = 0; y < result.height; ++y) {
-        const uchar* const row = image.constScanLine(y);
+    for (int y = ink.top(); y <= ink.bottom(); ++y) {
+        const uchar* const row = image.constScanLine(y) + ink.left();
         result.coverage.insert(result.coverage.end(), row, row + result.width);
     }
     return result;
@@ -88,7 +151,9 @@ const TextCoverage& QtTextPainter::coverageOf(const Font& font, std::string_view
     if (m_known.size() >= knownTexts) m_known.clear();
     const QString line =
         QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())).left(greatestLetters);
-    return m_known.emplace(std::move(key), painted(fontFor(font, devicePixelsPerPixel), line)).first->second;
+    TextCoverage letters = painted(fontFor(font, devicePixelsPerPixel), line);
+    addHalo(letters, devicePixelsPerPixel);
+    return m_known.emplace(std::move(key), std::move(letters)).first->second;
 }
 
 }  // namespace vantrace

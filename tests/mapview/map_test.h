@@ -8,7 +8,6 @@
 
 #include "core/labels.h"
 #include "mapview/map_state.h"
-#include "mapview/pass_recorder.h"
 #include "mapview/world_view_form.h"
 #include "tests/orbit/program/program_test.h"
 
@@ -58,7 +57,6 @@ class MapTest : public ProgramTest {
 
     WorldViewForm form;
     MapState map;
-    PassRecorder recorder;
 };
 
 }  // namespace vantrace

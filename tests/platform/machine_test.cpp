@@ -48,6 +48,7 @@ TEST(SystemClock, TellsOneInstantInTheZoneOfTheMoment) {
 TEST(MachineFormat, WritesIsoUnlessToldOtherwise) {
     const ClockParts parts{2024, 3, 5, 7, 8, 9};
     EXPECT_EQ(MachineFormat().dateTimeText(parts), "2024-03-05 07:08:09");
+    EXPECT_EQ(MachineFormat().longDateText(parts), "Tuesday, 5 March 2024");
     setenv("LC_ALL", "C", 1);
     EXPECT_EQ(machineFormatFromEnvironment().dateTimeText(parts), "2024-03-05 07:08:09");
     setenv("LC_ALL", "no_SUCH.locale", 1);
@@ -75,21 +76,27 @@ bool makeLocale(const TemporaryFolder& folder, const std::string& numbers, const
     setenv("LC_ALL", locale.c_str(), 1);
     const MachineFormat format = machineFormatFromEnvironment();
     std::cerr << "mark " << format.decimalMark << " at " << format.dateTimeText({2024, 3, 5, 17, 8, 9})
-              << " in " << setlocale(LC_ALL, nullptr) << std::endl;
+              << " on " << format.longDateText({2024, 3, 5}) << " in " << setlocale(LC_ALL, nullptr)
+              << std::endl;
     // Not exit: the platform's library never frees the path of locales, and leak checkers run there.
     _exit(0);
 }
 
 TEST(MachineFormat, FollowsTheEnvironmentAndLeavesTheProcessAlone) {
     const TemporaryFolder folder;
-    if (!makeLocale(folder, "de_DE", "de_DE") || !makeLocale(folder, "ps_AF", "de_DE")) {
+    if (!makeLocale(folder, "de_DE", "de_DE") || !makeLocale(folder, "ps_AF", "de_DE") ||
+        !makeLocale(folder, "en_US", "en_US") || !makeLocale(folder, "zh_CN", "zh_CN")) {
         GTEST_SKIP() << "this machine can't make locales";
     }
     EXPECT_EXIT(tellFormat(folder, "de_DE.UTF-8"), testing::ExitedWithCode(0),
-                "mark , at 05.03.2024 17:08:09 in C");
+                "mark , at 05.03.2024 17:08:09 on Dienstag, 5 März 2024 in C");
+    EXPECT_EXIT(tellFormat(folder, "en_US.UTF-8"), testing::ExitedWithCode(0),
+                "on Tuesday, March 5, 2024 in C");
+    EXPECT_EXIT(tellFormat(folder, "zh_CN.UTF-8"), testing::ExitedWithCode(0),
+                "on 2024年03月05日 星期二 in C");
     // The mark of this one has several bytes.
     EXPECT_EXIT(tellFormat(folder, "ps_AF.UTF-8"), testing::ExitedWithCode(0),
-                "mark \\. at 05.03.2024 17:08:09 in C");
+                "mark \\. at 05.03.2024 17:08:09 on Dienstag, 5 März 2024 in C");
 }
 
 TEST(ProcessPriority, GoesDownOnlyWhereItCanComeBack) {

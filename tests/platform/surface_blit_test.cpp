@@ -264,6 +264,29 @@ TEST(Blend, RoundsToTheNearestForEveryPairOfValues) {
     }
 }
 
+TEST(Blend, OfAMaskIsThatOfItsPixels) {
+    // Long runs of one colour, some across the edges, and rows without any.
+    Surface mask(97, 61);
+    mask.setPenColour(0xFFFFFF);
+    mask.setPenWidth(2);
+    mask.movePen(-5, 20);
+    for (int x = 0; x <= 110; x += 3) mask.lineTo(x, 20 + x * x / 300.0 - x % 5);
+    mask.floodFill(50, 60, 0xFFFFFF);
+    mask.blit(0, 30, 97, 3, noise(97, 3, 1), 0, 0, RasterOperation::bitAnd);
+    for (const auto& [width, height] : {std::pair{97, 61}, {301, 200}, {98, 400}, {60, 50}, {20, 10}}) {
+        for (const Sampling sampling : samplings) {
+            Surface surface = noise(width, height, 2);
+            Surface scaled(width, height);
+            scaled.stretch(whole(scaled), mask, whole(mask), sampling);
+            std::vector<std::uint32_t> expected = wordsOf(surface);
+            for (std::size_t i = 0; i < expected.size(); ++i)
+                expected[i] = surface::blended(scaled.words()[i], expected[i], 40);
+            EXPECT_TRUE(surface.blend(whole(surface), mask, whole(mask), 40, sampling));
+            EXPECT_EQ(wordsOf(surface), expected) << width << "x" << height;
+        }
+    }
+}
+
 TEST(Kernels, GiveTheSameBitsOnEveryProcessor) {
     using surface::StretchedRows;
     for (const auto& [width, toWidth] : {std::pair{50, 71}, {50, 49}, {50, 13}, {3, 6}, {50, 5}}) {
@@ -289,6 +312,9 @@ TEST(Kernels, GiveTheSameBitsOnEveryProcessor) {
     const Surface source = noise(77, 1, 3);
     surface::plainKernels().blendRow(source.words().data(), byPlain.data(), 77, 40);
     surface::bestKernels().blendRow(source.words().data(), byBest.data(), 77, 40);
+    EXPECT_EQ(byBest, byPlain);
+    surface::plainKernels().blendWord(0xFF123456, byPlain.data(), 77, 200);
+    surface::bestKernels().blendWord(0xFF123456, byBest.data(), 77, 200);
     EXPECT_EQ(byBest, byPlain);
 }
 

@@ -27,7 +27,7 @@ class FakeTextPainter final : public TextPainter {
         const auto box = static_cast<int>(std::lround(font.sizePoints * devicePixelsPerPixel));
         const int step = box + box / 4;
         const auto letters = static_cast<int>(text.size());
-        answer = {letters * step, box + box / 2, -1, 2, static_cast<double>(letters * step), {}};
+        answer = {letters * step, box + box / 2, -1, 2, static_cast<double>(letters * step), {}, 0, {}};
         for (int y = 0; y < answer.height; ++y)
             for (int x = 0; x < answer.width; ++x)
                 answer.coverage.push_back(static_cast<std::uint8_t>(x % step < box ? 255 - x / step : 0));

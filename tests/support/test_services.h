@@ -9,6 +9,7 @@
 #include "core/window_registry.h"
 #include "tests/support/fake_clock.h"
 #include "tests/support/fake_pictures.h"
+#include "tests/support/fake_printer.h"
 #include "tests/support/fake_sound_capture.h"
 #include "tests/support/fake_text_painter.h"
 #include "tests/support/memory_settings_store.h"
@@ -40,6 +41,7 @@ struct TestServices {
     FakeSoundCapture capture;
     FakePictures pictures;
     FakeTextPainter textPainter;
+    FakePrinter printer;
     WindowRegistry windows;
     ErrorLog errorLog;
     /// What routines are handed.

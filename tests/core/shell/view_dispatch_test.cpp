@@ -73,6 +73,20 @@ TEST_F(ViewDispatchTest, ASwitchOfViewsGoesThroughMain) {
     }
 }
 
+TEST_F(ViewDispatchTest, SoundDevicesAreClosedWhenTheRecorderHasSaved) {
+    WindowScript& record = fakeWindow("Record");
+    record.onUnload = [this] { services.capture.save("saved"); };
+    services.windows.show("Record");
+    services.windows.show("Main");
+    EXPECT_EQ(fakes.capture.commands, (Opened{"save saved", "close all"}));
+    fakes.capture.commands.clear();
+    fakes.capture.failing = {"close all"};
+    BUTexit_Click(state, services);
+    EXPECT_EQ(fakes.capture.commands, Opened{"close all"});
+    EXPECT_TRUE(fakes.dialogs.messages.empty());
+    EXPECT_FALSE(services.windows.isLoaded("Main"));
+}
+
 TEST_F(ViewDispatchTest, WhoLeavesWhileTheElementsAreSearchedLeavesAtOnce) {
     folder.write("stations.txt", std::string(4000, '\n'));
     services.windows.show("Main");

@@ -1,0 +1,42 @@
+#include "mapview/paint/map_surfaces.h"
+
+#include <string>
+
+#include "core/config.h"
+#include "core/error_label.h"
+#include "core/files.h"
+#include "core/labels.h"
+#include "core/program_state.h"
+#include "core/services.h"
+#include "mapview/map_projection.h"
+
+namespace vantrace {
+
+MapSurfaces::MapSurfaces() : Alpha(alphaSize.width, alphaSize.height) {
+    constexpr Colour black = 0;
+    constexpr Colour white = 0xFFFFFF;
+    constexpr int finalPenWidth = 2;
+    Alpha.setBackgroundColour(black);
+    Alpha.setFillColour(white);
+    Final.setBackgroundColour(black);
+    Final.setPenWidth(finalPenWidth);
+}
+
+void loadSprites(MapSurfaces& surfaces, Services& services, double devicePixelsPerPixel) {
+    ErrorLabel label(services, labels::mapFormLoad);
+    const SpriteLoader loader{services, label, devicePixelsPerPixel};
+    loader.pair("sun", surfaces.SunPic, surfaces.SunMask);
+    loader.pair("moon", surfaces.MoonPic, surfaces.MoonMask);
+    loader.satellites(surfaces.SatPic, surfaces.SatMask);
+}
+
+void loadMapPicture(MapSurfaces& surfaces, const ProgramState& state, Services& services) {
+    ErrorLabel label(services, labels::mapFormLoad);
+    surfaces.WorldNormal = Surface();
+    label.step([&] {
+        const std::string file = state.AppPath + GetConfig(services, settings::mapFile) + ".jpg";
+        if (FileExists(file)) surfaces.WorldNormal = services.pictures.load(file);
+    });
+}
+
+}  // namespace vantrace

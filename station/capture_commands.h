@@ -1,0 +1,23 @@
+// The commands that a recording gives to the sound card, and what the user is told where one fails. None of
+// them ends a sequence: the next command is always given.
+#pragma once
+
+#include <string_view>
+
+namespace vantrace {
+
+struct ProgramState;
+struct Services;
+
+/// Closes what is open and opens a new capture.
+void OpenCapture(Services& services);
+/// Writes the form of the samples into the state and gives it to the capture.
+void SetCaptureFormat(ProgramState& state, Services& services);
+void StartCapture(Services& services);
+/// A file of that name gives way to the new one, when there is one and not before; so it is deleted by the
+/// saving itself. A name with a blank is given to the card in its short form. Whether the file was saved.
+bool SaveCapture(ProgramState& state, Services& services, std::string_view file);
+void StopCapture(Services& services);
+void CloseCapture(Services& services);
+
+}  // namespace vantrace

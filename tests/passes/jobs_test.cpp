@@ -1,0 +1,213 @@
+#include "passes/jobs.h"
+
+#include <map>
+
+#include "core/labels.h"
+#include "passes/job_file.h"
+#include "passes/job_run.h"
+#include "passes/pass_prediction.h"
+#include "passes/pass_windows.h"
+#include "tests/passes/passes_test.h"
+
+namespace vantrace {
+namespace {
+
+using Names = std::vector<std::string>;
+
+/// A window that notes the job it is shown.
+class FakeWizard final : public RegisteredWindow, public PassWizardWindow {
+  public:
+    explicit FakeWizard(std::vector<JobToEdit>& jobs) : m_jobs(jobs) {}
+    void load() override {}
+    void show() override { m_isShown = true; }
+    void hide() override { m_isShown = false; }
+    bool isOnScreen() const override { return m_isShown; }
+    void showJob(const JobToEdit& job) override { m_jobs.push_back(job); }
+
+  private:
+    std::vector<JobToEdit>& m_jobs;
+    bool m_isShown = false;
+};
+
+struct ShownJobs {
+    std::vector<JobToEdit> shown;
+};
+
+class JobsTest : protected ShownJobs, public PassesTest {
+  protected:
+    JobsTest() {
+        openWindow();
+        fakes.windows.registerWindow("PassWizard", [this] { return std::make_unique<FakeWizard>(shown); });
+    }
+    /// Opens the list of jobs over a file, with the first one selected.
+    void load(const std::string& text) {
+        fakes.folder.write("pass.dat", text);
+        form = PassPredictionForm();
+        Form_Load(form, state, services);
+        form.ListPresets.selected = 0;
+    }
+    std::string jobs() const { return fakes.folder.read("pass.dat"); }
+    const Names& messages() const { return fakes.dialogs.messages; }
+    Names dates() const {
+        Names all;
+        for (const ResultRow& row : rows()) {
+            if (all.empty() || all.back() != row.texts[1]) all.push_back(row.texts[1]);
+        }
+        return all;
+    }
+};
+
+TEST_F(JobsTest, WithoutASelectionEachButtonTellsSo) {
+    BUTeditjob_Click(form, state, services);
+    PresetDelete_Click(form, state, services);
+    PresetGo_Click(form, state, services);
+    EXPECT_EQ(messages(), (Names{"you must select a preset to edit", "you must select a preset to delete",
+                                 "You must select a preset first"}));
+    EXPECT_FALSE(fakes.windows.isLoaded("PassWizard"));
+    PresetAdd_Click(services);
+    EXPECT_TRUE(fakes.windows.isOnScreen("PassWizard"));
+    EXPECT_TRUE(shown.empty());
+}
+
+TEST_F(JobsTest, EditingMovesTheJobFromTheFileIntoTheWizard) {
+    load("A\nX;\n2\n1\n0\nB\nY;\n1\n0\n0\n");
+    BUTeditjob_Click(form, state, services);
+    ASSERT_EQ(shown.size(), 1U);
+    EXPECT_EQ(shown[0].name, "A");
+    EXPECT_TRUE(fakes.windows.isOnScreen("PassWizard"));
+    EXPECT_EQ(jobs(), "B\r\nY;\r\n1\r\n0\r\n0\r\n");
+    EXPECT_EQ(form.ListPresets.list, Names{"B"});
+    EXPECT_FALSE(form.ListPresets.isSelected());
+}
+
+TEST_F(JobsTest, WhatCannotBeEditedStaysWhereItIs) {
+    load("A\nX;\n2\n1\n");
+    BUTeditjob_Click(form, state, services);
+    EXPECT_EQ(shown.at(0).satellites, Names{"X"}) << "what there was";
+    EXPECT_EQ(jobs(), "A\nX;\n2\n1\n") << "but the file ended too early";
+    EXPECT_EQ(form.ListPresets.list, Names{"A"});
+
+    form.ListPresets.list[0] = "A ";
+    BUTeditjob_Click(form, state, services);
+    std::filesystem::remove(fakes.folder.path() / "pass.dat");
+    BUTeditjob_Click(form, state, services);
+    EXPECT_EQ(messages(), (Names{"There is a possible problem with your PASS.DAT file",
+                                 "Can't file PASS.DAT in your Vantrace folder"}));
+    EXPECT_EQ(shown.size(), 1U);
+    std::filesystem::create_directory(fakes.folder.path() / "pass.dat");
+    BUTeditjob_Click(form, state, services);
+    EXPECT_EQ(messages().size(), 2U) << "a failure ends it quietly";
+    EXPECT_TRUE(fakes.logLines().empty());
+}
+
+TEST_F(JobsTest, DeletingAsksNothingAndAVanishedFileGoesToTheCaller) {
+    load("A\nX;\n2\n1\n0\nB\nY;\n1\n0\n0\n");
+    form.ListPresets.selected = 1;
+    PresetDelete_Click(form, state, services);
+    EXPECT_EQ(jobNames(jobs()), Names{"A"});
+    EXPECT_EQ(form.ListPresets.list, Names{"A"});
+    EXPECT_TRUE(messages().empty());
+    form.ListPresets.selected = 0;
+    std::filesystem::remove(fakes.folder.path() / "pass.dat");
+    EXPECT_THROW(PresetDelete_Click(form, state, services), FileError);
+    EXPECT_EQ(form.ListPresets.list, Names{"A"});
+}
+
+TEST_F(JobsTest, ARunPutsAllSatellitesOfEachDayBehindTheRows) {
+    load("A\nISS (ZARYA); remark;\nFUNCUBE-1 (AO-73);\n2\n0\n0\n");
+    form.Calendar = {31, 8, 2026};
+    PresetGo_Click(form, state, services);
+    EXPECT_EQ(fakes.events.yields, 4);
+    Names order;
+    for (const ResultRow& row : rows()) {
+        const std::string each = row.texts[0].substr(0, 3);
+        if (order.empty() || order.back() != each) order.push_back(each);
+    }
+    EXPECT_EQ(order, (Names{"ISS", "FUN", "ISS", "FUN"}));
+    EXPECT_TRUE(std::ranges::count(dates(), "31 AUG") > 0 && std::ranges::count(dates(), "01 SEP") > 0);
+    EXPECT_TRUE(fakes.dialogs.requests.empty());
+    EXPECT_TRUE(fakes.printer.titles.empty());
+    const std::size_t once = rows().size();
+    PresetGo_Click(form, state, services);
+    EXPECT_EQ(rows().size(), 2 * once);
+}
+
+TEST_F(JobsTest, ARunSavesAndPrintsWhereTheJobSaysSo) {
+    load("A\nISS (ZARYA);\n1\n1\n1\n");
+    fakes.dialogs.chosen = fakes.folder.path() / "out.txt";
+    PresetGo_Click(form, state, services);
+    EXPECT_TRUE(fakes.folder.read("out.txt").find("ISS (ZARYA)") != std::string::npos);
+    EXPECT_EQ(fakes.printer.documents.size(), 1U);
+    EXPECT_TRUE(fakes.logLines().empty());
+}
+
+TEST_F(JobsTest, WhatFailsInARunIsLoggedAndPassedOver) {
+    load("A\nNOBODY;\nISS (ZARYA);\nmany\n1\n1\n");
+    fakes.dialogs.chosen = fakes.folder.path() / "no such" / "out.txt";
+    PresetGo_Click(form, state, services);
+    EXPECT_TRUE(rows().empty()) << "days that are no number are none";
+    EXPECT_EQ(fakes.logged(labels::passPrePresetGo), 2);
+    EXPECT_EQ(fakes.printer.documents.size(), 1U) << "the print follows a save that failed";
+
+    load("A\nNOBODY;\nISS (ZARYA);\n1\n0\n0\n");
+    PresetGo_Click(form, state, services);
+    EXPECT_FALSE(rows().empty());
+    EXPECT_EQ(fakes.logged(labels::passPrePresetGo), 3);
+}
+
+TEST_F(JobsTest, AJobThatIsNotThereIsTold) {
+    load("A\nISS (ZARYA);\n1\n0\n0\n");
+    form.ListPresets.list[0] = "B";
+    PresetGo_Click(form, state, services);
+    std::filesystem::remove(fakes.folder.path() / "pass.dat");
+    PresetGo_Click(form, state, services);
+    EXPECT_EQ(messages(), Names(2, "There was a problem finding that Job"));
+}
+
+TEST_F(JobsTest, TheFiftyFirstSatelliteIsPassedOver) {
+    std::string text = "A\n";
+    for (int i = 0; i < 52; ++i) text += "ISS (ZARYA);\n";
+    load(text + "1\n0\n0\n");
+    PresetGo_Click(form, state, services);
+    EXPECT_EQ(fakes.events.yields, 50);
+    EXPECT_EQ(fakes.logged(labels::passPrePresetGo), 1);
+}
+
+TEST_F(JobsTest, AFileThatEndsWithinTheJobComputesNothing) {
+    for (const char* text : {"A\nISS (ZARYA);\n", "A\n", "A"}) {
+        load(text);
+        PresetGo_Click(form, state, services);
+        EXPECT_TRUE(rows().empty());
+    }
+    load("A\nISS (ZARYA);\n1\n");
+    PresetGo_Click(form, state, services);
+    EXPECT_FALSE(rows().empty()) << "the days are there; nothing is saved or printed";
+    EXPECT_TRUE(messages().empty());
+}
+
+TEST_F(JobsTest, ARunEndsWithTheView) {
+    load("A\nISS (ZARYA);\n30\n1\n1\n");
+    fakes.events.onYield = [&] {
+        if (fakes.events.yields == 3) state.MainTag = "menu";
+    };
+    PresetGo_Click(form, state, services);
+    EXPECT_EQ(fakes.events.yields, 3);
+    EXPECT_TRUE(fakes.dialogs.requests.empty());
+    EXPECT_TRUE(fakes.printer.titles.empty());
+}
+
+TEST(JobDaysTest, CountFromMonthToMonthAndKnowNoLeapDay) {
+    const auto carried = [](CalendarDate date) {
+        carryIntoMonth(date);
+        return date;
+    };
+    EXPECT_EQ(carried({31, 8, 2026}), (CalendarDate{31, 8, 2026}));
+    EXPECT_EQ(carried({32, 8, 2026}), (CalendarDate{1, 9, 2026}));
+    EXPECT_EQ(carried({31, 9, 2026}), (CalendarDate{1, 10, 2026}));
+    EXPECT_EQ(carried({32, 12, 2026}), (CalendarDate{1, 1, 2027}));
+    EXPECT_EQ(carried({29, 2, 2028}), (CalendarDate{1, 3, 2028}));
+    EXPECT_EQ(carried({28, 2, 2028}), (CalendarDate{28, 2, 2028}));
+}
+
+}  // namespace
+}  // namespace vantrace

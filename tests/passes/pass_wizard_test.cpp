@@ -1,0 +1,150 @@
+#include "passes/pass_wizard.h"
+
+#include "passes/job_file.h"
+#include "tests/passes/passes_test.h"
+
+namespace vantrace {
+namespace {
+
+using Names = std::vector<std::string>;
+
+/// The other window, as far as the wizard knows it.
+class FakePassPrediction final : public RegisteredWindow, public PassPredictionWindow {
+  public:
+    explicit FakePassPrediction(Names& presets) : m_presets(presets) {}
+    void load() override {}
+    void show() override {}
+    void hide() override {}
+    bool isOnScreen() const override { return true; }
+    void addPreset(std::string_view name) override { m_presets.emplace_back(name); }
+    WindowCorner corner() const override { return {30, -40}; }
+
+  private:
+    Names& m_presets;
+};
+
+struct Presets {
+    Names m_presets;
+};
+
+class PassWizardTest : private Presets, public PassesTest {
+  protected:
+    PassWizardTest() {
+        fakes.windows.registerWindow("PassPrediction",
+                                     [this] { return std::make_unique<FakePassPrediction>(presets); });
+        showFake("PassWizard");
+    }
+    const Names& messages() const { return fakes.dialogs.messages; }
+    bool isOpen() const { return fakes.windows.isLoaded("PassWizard"); }
+    void fill() {
+        wizard.Tname = " Weather ";
+        wizard.Tnumofdays = " 3 ";
+        wizard.SatList.add("ISS (ZARYA)");
+    }
+
+    // The fake writes here as long as it lives.
+    Names& presets = m_presets;
+    PassWizardForm wizard;
+};
+
+TEST_F(PassWizardTest, OpensBesideItsParentWithAllGroups) {
+    Form_Load(wizard, state, services);
+    EXPECT_FALSE(wizard.corner.has_value());
+    EXPECT_FALSE(fakes.windows.isLoaded("PassPrediction")) << "asking makes no window";
+    fakes.windows.show("PassPrediction");
+    PassWizardForm second;
+    Form_Load(second, state, services);
+    EXPECT_EQ(second.corner, (WindowCorner{130, 60}));
+    EXPECT_EQ(second.COMgroup.list.size(), 3U);
+    EXPECT_TRUE(second.skin.isApplied);
+}
+
+TEST_F(PassWizardTest, SatellitesAreAddedAlsoThePromptItself) {
+    BUTadd_Click(wizard, services);
+    EXPECT_EQ(messages(), Names{"First select a Group, then a satellite, then click the add button"});
+    wizard.COMgroup.text = "Space Stations";
+    COMgroup_Click(wizard, state, services);
+    EXPECT_EQ(wizard.COMsatname.list.size(), 2U);
+    EXPECT_EQ(wizard.COMsatname.text, "Select a Satellite");
+    BUTadd_Click(wizard, services);
+    wizard.COMsatname.text = "ISS (ZARYA)";
+    BUTadd_Click(wizard, services);
+    BUTadd_Click(wizard, services);
+    EXPECT_EQ(wizard.SatList.list, (Names{"Select a Satellite", "ISS (ZARYA)", "ISS (ZARYA)"}));
+    EXPECT_EQ(messages().size(), 1U) << "the check for an unchosen satellite never fires";
+    wizard.COMgroup.text = "Missing";
+    COMgroup_Click(wizard, state, services);
+    EXPECT_EQ(messages().back(),
+              "missing.txt satellite group keps are not updated yet, the keplerian file doesn't exist");
+}
+
+TEST_F(PassWizardTest, OneIsRemovedWhenItIsSelected) {
+    wizard.SatList.add("A");
+    wizard.SatList.add("B");
+    BUTremove_Click(wizard, services);
+    EXPECT_EQ(messages(), Names{"Select a satellite on the list first"});
+    wizard.SatList.selected = 0;
+    BUTremove_Click(wizard, services);
+    EXPECT_EQ(wizard.SatList.list, Names{"B"});
+}
+
+TEST_F(PassWizardTest, AJobIsSavedWhenItIsWhole) {
+    fakes.windows.show("PassPrediction");
+    BUTSaveJob_Click(wizard, state, services);
+    wizard.Tname = " Weather ";
+    wizard.Tnumofdays = "  ";
+    BUTSaveJob_Click(wizard, state, services);
+    wizard.Tnumofdays = " soon ";
+    BUTSaveJob_Click(wizard, state, services);
+    EXPECT_EQ(messages(), (Names{"you must choose a job name", "You must fill in the days box",
+                                 "You havn't chosen any satellites"}));
+    EXPECT_FALSE(fakes.folder.exists("pass.dat"));
+    fill();
+    wizard.CHprint = true;
+    BUTSaveJob_Click(wizard, state, services);
+    EXPECT_EQ(fakes.folder.read("pass.dat"), "Weather\r\nISS (ZARYA);\r\n3\r\n0\r\n1\r\n");
+    EXPECT_EQ(presets, Names{" Weather "}) << "as typed";
+    EXPECT_FALSE(isOpen());
+}
+
+TEST_F(PassWizardTest, WithoutItsParentTheJobIsSavedAllTheSame) {
+    fill();
+    BUTSaveJob_Click(wizard, state, services);
+    EXPECT_EQ(jobNames(fakes.folder.read("pass.dat")), Names{"Weather"});
+    EXPECT_FALSE(fakes.windows.isLoaded("PassPrediction"));
+    EXPECT_FALSE(isOpen());
+}
+
+TEST_F(PassWizardTest, AFileThatCannotBeWrittenLeavesTheWindowWithItsJob) {
+    std::filesystem::create_directory(fakes.folder.path() / "pass.dat");
+    fakes.windows.show("PassPrediction");
+    fill();
+    BUTSaveJob_Click(wizard, state, services);
+    EXPECT_TRUE(isOpen());
+    EXPECT_TRUE(presets.empty());
+    EXPECT_TRUE(messages().empty());
+    EXPECT_EQ(wizard.Tname, " Weather ");
+}
+
+TEST_F(PassWizardTest, CancelAsks) {
+    BUTcancel_Click(wizard, services);
+    EXPECT_EQ(messages(), Names{"You will loose the information for this job, Are you sure ?"});
+    EXPECT_EQ(fakes.dialogs.titles, Names{"Cancel Job"});
+    EXPECT_TRUE(isOpen());
+    fakes.dialogs.saysYes = true;
+    BUTcancel_Click(wizard, services);
+    EXPECT_FALSE(isOpen());
+}
+
+TEST_F(PassWizardTest, AJobThatIsShownKeepsTicksAndStandsBehindWhatIsThere) {
+    wizard.CHsave = true;
+    wizard.SatList.add("A");
+    showJob(wizard, {"Radio", {"B", "C"}, "5", false, true, true});
+    EXPECT_EQ(wizard.Tname, "Radio");
+    EXPECT_EQ(wizard.Tnumofdays, "5");
+    EXPECT_TRUE(wizard.CHsave && wizard.CHprint);
+    EXPECT_EQ(wizard.SatList.list, (Names{"A", "B", "C"}));
+}
+
+}  // namespace
+}  // namespace vantrace

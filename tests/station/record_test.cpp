@@ -1,0 +1,251 @@
+// The recorder's own steps: countdown, commands to the sound card, and where the file ends.
+#include "station/record.h"
+
+#include <filesystem>
+#include <fstream>
+
+#include "core/program_state.h"
+#include "station/capture_commands.h"
+#include "tests/support/fake_window.h"
+#include "tests/support/test_services.h"
+
+namespace vantrace {
+namespace {
+
+namespace fs = std::filesystem;
+using Texts = std::vector<std::string>;
+
+const Texts startCommands{"close all", "open", "seek", "format 8 11025 1", "record"};
+const Texts stopCommands{"stop", "save 08211205.wav", "close", "close all"};
+
+/// A sound card that saves by writing what it is.
+class SavingCapture final : public SoundCapture {
+  public:
+    bool closeAll() override { return true; }
+    bool open() override { return true; }
+    bool seekToStart() override { return true; }
+    bool setFormat(const CaptureFormat&) override { return true; }
+    bool record() override { return hasSound = true; }
+    bool save(std::string_view file) override {
+        if (hasSound) std::ofstream(std::string(file)) << "sound";
+        return std::exchange(hasSound, false);
+    }
+    bool stop() override { return hasSound; }
+    bool close() override { return true; }
+
+    bool hasSound = false;
+};
+
+/// In a folder of its own, which is the current directory meanwhile.
+class RecordTest : public ::testing::Test {
+  protected:
+    RecordTest() {
+        fs::current_path(fakes.folder.path());
+        fakes.clock.setUtc({2026, 8, 21, 10, 5, 9}, 120);
+        services.windows.registerWindow("Record", [this] { return std::make_unique<FakeWindow>(window); });
+        services.windows.show("Record");
+    }
+    ~RecordTest() override {
+        services.windows.close();
+        fs::current_path(before);
+    }
+
+    void startPass(std::string_view name) {
+        state.Recording = true;
+        StartRecording(form, state, services, name);
+    }
+    void tick(int seconds = 1) {
+        for (int i = 0; i < seconds; ++i) Timer1_Timer(form, state, services);
+    }
+    Texts commands() { return std::exchange(fakes.capture.commands, {}); }
+    bool isLoaded() { return services.windows.isLoaded("Record"); }
+
+    const fs::path before = fs::current_path();
+    WindowScript window;
+    TestServices fakes;
+    Services& services = fakes.services;
+    ProgramState state;
+    RecordForm form;
+};
+
+/// The same with a card that writes files.
+class RecordFileTest : public RecordTest {
+  protected:
+    Services withCard{fakes.clock,       fakes.events,      fakes.settings, fakes.speech,  fakes.dialogs,
+                      fakes.desktop,     fakes.displayMode, fakes.process,  capture,       fakes.pictures,
+                      fakes.textPainter, fakes.printer,     fakes.errorLog, fakes.windows, {}};
+    void recordPass(std::string_view name) {
+        StartRecording(form, state, withCard, name);
+        for (int i = 0; i < 15; ++i) Timer1_Timer(form, state, withCard);
+    }
+    Texts files() const {
+        Texts names;
+        for (const auto& entry : fs::recursive_directory_iterator("."))
+            names.push_back(entry.path().string());
+        std::ranges::sort(names);
+        return names;
+    }
+    std::string content(const std::string& name) const { return fakes.folder.read(name); }
+
+    SavingCapture capture;
+};
+
+TEST_F(RecordTest, ThePassIsAnnouncedAndCountedDownFromFifteen) {
+    startPass("NOAA 15");
+    EXPECT_EQ(state.RecordingSat, "NOAA 15");
+    EXPECT_EQ(form.PassStamp, "Friday, 21 August 2026 - 12 05");
+    EXPECT_EQ(form.Status,
+              "NOAA 15 is about to pass over, If you do not wish to record this pass, click on CANCEL");
+    EXPECT_TRUE(form.Timer1.isEnabled);
+    tick();
+    EXPECT_EQ(form.Countdown, "Recording in 14 Seconds");
+    tick(13);
+    EXPECT_EQ(form.Countdown, "Recording in 1 Seconds");
+    EXPECT_EQ(commands(), Texts{});
+    startPass("NOAA 15");
+    EXPECT_EQ(form.SecondsLeft, 15) << "a second start begins again";
+}
+
+TEST_F(RecordTest, AtZeroTheCaptureStarts) {
+    startPass("NOAA 15");
+    tick(15);
+    EXPECT_FALSE(form.Timer1.isEnabled);
+    EXPECT_EQ(form.Countdown, "RECORDING NOW");
+    EXPECT_EQ(form.Status, "Recording of NOAA 15 will automatically stop when Satellite goes below  Degrees");
+    EXPECT_EQ(form.BUTstartstop, "Stop Now");
+    EXPECT_EQ(commands(), startCommands);
+    EXPECT_EQ(state.WaveRate, 11025);
+    EXPECT_EQ(state.WaveChannels, 1);
+    EXPECT_EQ(state.WaveBits, 8);
+}
+
+TEST_F(RecordTest, StartNowLetsTheNextTickBeTheLast) {
+    startPass("NOAA 15");
+    tick(3);
+    BUTstartstop_Click(form, state, services);
+    EXPECT_EQ(form.BUTstartstop, "Stop Now");
+    EXPECT_EQ(commands(), Texts{});
+    tick();
+    EXPECT_EQ(form.Countdown, "RECORDING NOW");
+    EXPECT_EQ(commands(), startCommands);
+}
+
+TEST_F(RecordTest, StopNowSavesAndUnloadsButThePassGoesOn) {
+    startPass("NOAA 15");
+    tick(15);
+    commands();
+    BUTstartstop_Click(form, state, services);
+    EXPECT_EQ(commands(), stopCommands);
+    EXPECT_FALSE(isLoaded());
+    EXPECT_TRUE(state.Recording);
+}
+
+TEST_F(RecordTest, StopRecordingSavesUnloadsAndEndsThePass) {
+    startPass("NOAA 15");
+    tick(15);
+    commands();
+    StopRecording(form, state, services);
+    EXPECT_EQ(commands(), stopCommands);
+    EXPECT_FALSE(isLoaded());
+    EXPECT_FALSE(state.Recording);
+}
+
+TEST_F(RecordTest, CancelHidesTheWindowAndKeepsThePassFromBeingStartedAgain) {
+    startPass("NOAA 15");
+    BUTcancel_Click(form, services);
+    EXPECT_FALSE(form.Timer1.isEnabled);
+    EXPECT_FALSE(services.windows.isOnScreen("Record"));
+    EXPECT_TRUE(isLoaded());
+    EXPECT_TRUE(state.Recording);
+    EXPECT_EQ(commands(), Texts{});
+}
+
+TEST_F(RecordTest, EachFailureOfTheStartIsToldAndTheNextCommandIsGiven) {
+    fakes.capture.failing = {startCommands.begin(), startCommands.end()};
+    startPass("NOAA 15");
+    tick(15);
+    EXPECT_EQ(commands(), startCommands);
+    EXPECT_EQ(fakes.dialogs.messages,
+              (Texts{"Closing all MCI operations failed!", "Opening new wave failed!",
+                     "Starting recording failed!", "Settings for recording not consistent",
+                     "Recording not possible, please restart your computer..."}));
+    EXPECT_EQ(fakes.dialogs.titles, Texts(5));
+    fakes.capture.failing = {stopCommands.begin(), stopCommands.end()};
+    StopRecording(form, state, services);
+    EXPECT_EQ(commands(), stopCommands);
+    EXPECT_EQ(fakes.dialogs.messages.size(), 5u) << "the end fails quietly";
+    EXPECT_FALSE(state.Recording);
+}
+
+TEST_F(RecordTest, APassThatEndsBehindAMessageLeavesNoCaptureOpen) {
+    fakes.capture.failing = {"open"};
+    fakes.dialogs.onMessage = [this] { StopRecording(form, state, services); };
+    startPass("NOAA 15");
+    tick(15);
+    EXPECT_FALSE(isLoaded());
+    const Texts all = commands();
+    const auto record = std::ranges::find(all, "record");
+    ASSERT_NE(record, all.end());
+    EXPECT_EQ(Texts(record + 1, all.end()), (Texts{"close", "close all"}));
+}
+
+TEST_F(RecordTest, AWindowThatGoesSavesWhatIsBeingCaptured) {
+    startPass("NOAA 15");
+    Form_Unload(form, state, services);
+    EXPECT_EQ(commands(), Texts{}) << "nothing was being captured";
+    tick(15);
+    commands();
+    Form_Unload(form, state, services);
+    EXPECT_EQ(commands(), stopCommands);
+    EXPECT_TRUE(state.Recording);
+    Form_Unload(form, state, services);
+    EXPECT_EQ(commands(), Texts{}) << "once is enough";
+}
+
+TEST_F(RecordTest, AFileWithABlankInItsNameIsGivenInItsShortForm) {
+    EXPECT_TRUE(SaveCapture(state, services, "one two.wav"));
+    EXPECT_EQ(state.WaveLongName, "one two.wav");
+    EXPECT_EQ(state.WaveShortName, (fs::canonical(".") / "one two.wav").string());
+    EXPECT_EQ(state.WaveNameFlag, 65535);
+    EXPECT_EQ(commands(), Texts{"save " + state.WaveShortName});
+    EXPECT_FALSE(fs::exists("one two.wav")) << "made for the question only";
+}
+
+TEST_F(RecordFileTest, TheFileBearsSatelliteDateAndTimeOfTheStart) {
+    recordPass("NOAA 15");
+    fakes.clock.setUtc({2026, 8, 21, 10, 19, 0}, 120);
+    StopRecording(form, state, withCard);
+    EXPECT_EQ(files(), Texts{"./NOAA 15 - Friday, 21 August 2026 - 12 05.wav"});
+}
+
+TEST_F(RecordFileTest, ANameThatNoFileCanHaveLeavesTheTemporaryOne) {
+    fs::create_directory("NOAA 15");
+    for (const std::string& name : Texts{"NOAA 15/16", "../NOAA", std::string(300, 'N')}) {
+        fs::remove("08211205.wav");
+        recordPass(name);
+        StopRecording(form, state, withCard);
+        EXPECT_EQ(files(), (Texts{"./08211205.wav", "./NOAA 15"})) << name;
+    }
+    EXPECT_TRUE(fakes.dialogs.messages.empty());
+}
+
+TEST_F(RecordFileTest, AnEarlierRecordingOfTheNameIsKept) {
+    fakes.folder.write("NOAA 15 - Friday, 21 August 2026 - 12 05.wav", "earlier");
+    recordPass("NOAA 15");
+    StopRecording(form, state, withCard);
+    EXPECT_EQ(content("NOAA 15 - Friday, 21 August 2026 - 12 05.wav"), "earlier");
+    EXPECT_EQ(content("08211205.wav"), "sound");
+}
+
+TEST_F(RecordFileTest, TheEndOfAPassStoppedByHandTouchesNoFile) {
+    recordPass("NOAA 15/16");
+    BUTstartstop_Click(form, state, withCard);
+    ASSERT_EQ(content("08211205.wav"), "sound");
+    RecordForm anew;
+    StopRecording(anew, state, withCard);
+    EXPECT_EQ(files(), Texts{"./08211205.wav"});
+    EXPECT_EQ(content("08211205.wav"), "sound");
+}
+
+}  // namespace
+}  // namespace vantrace
