@@ -12,8 +12,9 @@ namespace vantrace {
 namespace {
 
 std::vector<Command> allCommands() {
-    return {trackCommand(),      stateCommand(), passesCommand(), listCommand(),    checkCommand(),
-            favouritesCommand(), todayCommand(), mapCommand(),    predictCommand(), jobCommand()};
+    return {trackCommand(),   stateCommand(),      passesCommand(), listCommand(),
+            checkCommand(),   favouritesCommand(), todayCommand(),  mapCommand(),
+            horizonCommand(), predictCommand(),    jobCommand()};
 }
 
 ProgramSyntax programSyntax(const std::vector<Command>& commands) {

@@ -44,6 +44,7 @@ Command checkCommand();
 Command favouritesCommand();
 Command todayCommand();
 Command mapCommand();
+Command horizonCommand();
 Command predictCommand();
 Command jobCommand();
 

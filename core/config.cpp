@@ -3,6 +3,7 @@
 #include <cassert>
 #include <optional>
 
+#include "core/numbers.h"
 #include "core/program_state.h"
 #include "core/services.h"
 #include "core/texts.h"
@@ -24,6 +25,11 @@ std::string GetConfig(Services& services, const Setting& setting) {
 std::string GetConfig(const ProgramState& state, Services& services, const Setting& setting) {
     return GetConfig(services, setting.key,
                      setting.defaultIsAppPath ? std::string_view(state.AppPath) : setting.defaultValue);
+}
+
+bool isTrue(Services& services, const Setting& setting) {
+    const std::string value = GetConfig(services, setting);
+    return numberValue(value) != 0.0 || equalsIgnoringCase(trimmed(value), "true");
 }
 
 void SaveConfig(Services& services, std::string_view key, std::string_view value) {

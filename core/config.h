@@ -21,6 +21,9 @@ std::string GetConfig(Services& services, const Setting& setting);
 /// The same for every setting.
 std::string GetConfig(const ProgramState& state, Services& services, const Setting& setting);
 
+/// Whether a setting is a number other than 0, or "true".
+bool isTrue(Services& services, const Setting& setting);
+
 /// Saves a setting; who reads next finds it.
 void SaveConfig(Services& services, std::string_view key, std::string_view value);
 void SaveConfig(Services& services, const Setting& setting, std::string_view value);

@@ -1,4 +1,7 @@
 // The path of the selected satellite across the sky.
+#include <cmath>
+#include <limits>
+
 #include "core/error_label.h"
 #include "core/labels.h"
 #include "core/program_state.h"
@@ -32,6 +35,17 @@ void addTwoSeconds(ClockParts& time) {
     }
 }
 
+/// A satellite that the engine can't place has no track; the result block keeps the elevation that it had.
+bool isPlaced(ProgramState& state, Services& services, ErrorLabel& label, std::string_view name,
+              const ClockParts& time) {
+    const double before = state.SatElevation;
+    state.SatElevation = std::numeric_limits<double>::quiet_NaN();
+    label.step([&] { placeAt(state, services, name, time); });
+    if (!std::isnan(state.SatElevation)) return true;
+    state.SatElevation = before;
+    return false;
+}
+
 }  // namespace
 
 void DrawSkyTrack(HorizonSurfaces& surfaces, const HorizonForm& form, ProgramState& state, Services& services,
@@ -46,7 +60,7 @@ void DrawSkyTrack(HorizonSurfaces& surfaces, const HorizonForm& form, ProgramSta
         const ClockParts today = services.clock.read().local;
         time.year = today.year;
         time.month = today.month;
-        label.step([&] { placeAt(state, services, name, time); });
+        if (!isPlaced(state, services, label, name, time)) return;
         if (i == 0 && state.SatElevation < 0) state.PrimarySatIndex = 0;
         if (state.SatElevation < 0) return;
         Final.setPenColour(green);

@@ -66,13 +66,12 @@ void readMenuStates(WorldMap& world, ErrorLabel& label) {
 
 /// One entry for each favourite, behind the heading.
 void listFavourites(WorldMap& world, ErrorLabel& label) {
-    std::vector<std::string>& entries = world.form.MFaveList;
-    const auto count = static_cast<std::size_t>(std::max<int>(world.state.FavouriteCount, 0));
-    if (entries.size() == count + 1) return;
-    entries.resize(1);
-    for (std::size_t i = 1; i <= count; ++i) {
+    std::vector<std::string> entries{world.form.MFaveList.front()};
+    for (int i = 1; i <= world.state.FavouriteCount; ++i) {
         label.step([&] { entries.push_back(world.state.Favourites[i].Name); });
     }
+    if (entries == world.form.MFaveList) return;
+    world.form.MFaveList = std::move(entries);
     ++world.form.favouriteLists;
 }
 
@@ -100,7 +99,7 @@ void Form_Load(WorldMap& world) {
     ProgramState& state = world.state;
     form.skin.create();
     label.step([&] { ApplySkin(world.services, form.skin); });
-    label.step([&] { form.ShowInfoPaneNow = isOn(world.services, settings::showInfoPane); });
+    label.step([&] { form.ShowInfoPaneNow = isTrue(world.services, settings::showInfoPane); });
     if (state.MainTag == "3D" || otherViewIsWanted(state.MainTag)) return stopClocks(form);
     readMenuStates(world, label);
     loadMapPicture(world.surfaces, state, world.services);
@@ -119,7 +118,7 @@ void Form_Activate(WorldMap& world) {
     ErrorLabel label(world.services, labels::mapFormActivate);
     world.map.StatusLine.clear();
     label.step([&] {
-        if (isOn(world.services, settings::showGroundtrack)) {
+        if (isTrue(world.services, settings::showGroundtrack)) {
             CalcGroundTrack(world.form, world.map, world.state, world.services);
         }
     });
@@ -241,7 +240,14 @@ void paintFrame(WorldMap& world) {
         loadSprites(world.surfaces, world.services, form.devicePixelsPerPixel);
         world.form.spritesFor = form.devicePixelsPerPixel;
     }
-    RepaintMapScreen(world.surfaces, form, world.map, world.state, world.services);
+    // Another frame may be painted where this one yields; then the two lie on each other.
+    constexpr int mostTimes = 3;
+    unsigned before = 0;
+    int times = 0;
+    do {
+        before = form.frames;
+        RepaintMapScreen(world.surfaces, form, world.map, world.state, world.services);
+    } while (form.frames != before && ++times < mostTimes);
     ++world.form.frames;
 }
 

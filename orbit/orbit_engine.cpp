@@ -248,16 +248,22 @@ double eventDayNumber(std::string_view name, const EventSearchResult& event) {
     if (!event.failureReason.empty()) {
         throw EngineError(trimmed(name), event.failureTime, event.failureReason);
     }
-    return packDateTime({9999, 1, 1, 23, 59, 59});
+    return OrbitEngine::noEventDayNumber();
 }
 
 }  // namespace
 
+double OrbitEngine::noEventDayNumber() {
+    return packDateTime({9999, 1, 1, 23, 59, 59});
+}
+
 double OrbitEngine::EngineNextAOS(std::string_view name, double timeUtc) {
+    if (timeUtc >= noEventDayNumber()) return noEventDayNumber();
     return eventDayNumber(name, nextRise(name, instantFromDayNumber(finite(timeUtc, "time"))));
 }
 
 double OrbitEngine::EngineNextLOS(std::string_view name, double timeUtc) {
+    if (timeUtc >= noEventDayNumber()) return noEventDayNumber();
     return eventDayNumber(name, nextSet(name, instantFromDayNumber(finite(timeUtc, "time"))));
 }
 

@@ -91,11 +91,14 @@ bool fillRows(Run& run) {
         }
         run.label.step(
             [&] { los = engineOf(state).EngineNextLOS(favourite.Name, isInRange ? nowUtc : aos); });
-        ETARow& row = run.rows[i];
-        row.Name = cutToWidth(favourite.Name);
-        row.AOS = 0;
-        if (!isInRange) run.label.step([&] { row.AOS = ToLocal(run.services.clock, aos); });
-        run.label.step([&] { row.LOS = ToLocal(run.services.clock, los); });
+        // One that doesn't rise has no pass to be shown.
+        if (isInRange || aos < OrbitEngine::noEventDayNumber()) {
+            ETARow& row = run.rows[i];
+            row.Name = cutToWidth(favourite.Name);
+            row.AOS = 0;
+            if (!isInRange) run.label.step([&] { row.AOS = ToLocal(run.services.clock, aos); });
+            run.label.step([&] { row.LOS = ToLocal(run.services.clock, los); });
+        }
         run.label.step([&] { run.services.events.yield(); });
         if (run.userHasLeft()) return false;
     }

@@ -17,7 +17,8 @@ std::string MinutesText(std::int16_t minutes);
 /// the call, whatever time the map shows. With `speak`, a favourite that comes or goes soon is announced.
 /// Yields after each favourite and all through the sort and the writing, so that windows live meanwhile; when
 /// `Main.Tag` becomes "menu" or "exit" it leaves at once, for good: `QuickETABusy` stays set, and no later
-/// call does anything. Of the waiting passes the last one is not shown where an unused row takes its place.
+/// call does anything. A favourite that doesn't rise has an empty row. Of the waiting passes the last one is
+/// not shown where an unused row takes its place.
 void UpdateQuickETA(RichText& target, bool speak, ProgramState& state, Services& services);
 
 }  // namespace vantrace

@@ -23,21 +23,24 @@ void tellUnless(bool succeeded, Services& services, std::string_view text) {
 
 }  // namespace
 
-void OpenCapture(Services& services) {
-    tellUnless(services.capture.closeAll(), services, "Closing all MCI operations failed!");
-    tellUnless(services.capture.open(), services, "Opening new wave failed!");
+void OpenCapture(Services& services, const bool& isCapturing) {
+    if (isCapturing) tellUnless(services.capture.closeAll(), services, "Closing all MCI operations failed!");
+    if (isCapturing) tellUnless(services.capture.open(), services, "Opening new wave failed!");
 }
 
-void SetCaptureFormat(ProgramState& state, Services& services) {
+void SetCaptureFormat(ProgramState& state, Services& services, const bool& isCapturing) {
     state.WaveRate = 11025;
     state.WaveChannels = 1;
     state.WaveBits = 8;
-    tellUnless(services.capture.seekToStart(), services, "Starting recording failed!");
-    tellUnless(services.capture.setFormat({state.WaveRate, state.WaveChannels, state.WaveBits}), services,
-               "Settings for recording not consistent");
+    const CaptureFormat format{state.WaveRate, state.WaveChannels, state.WaveBits};
+    if (isCapturing) tellUnless(services.capture.seekToStart(), services, "Starting recording failed!");
+    if (isCapturing) {
+        tellUnless(services.capture.setFormat(format), services, "Settings for recording not consistent");
+    }
 }
 
-void StartCapture(Services& services) {
+void StartCapture(Services& services, const bool& isCapturing) {
+    if (!isCapturing) return;
     tellUnless(services.capture.record(), services,
                "Recording not possible, please restart your computer...");
 }

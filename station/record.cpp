@@ -38,11 +38,9 @@ void startCapturing(RecordForm& form, ProgramState& state, Services& services) {
         "Recording of " + state.RecordingSat + " will automatically stop when Satellite goes below  Degrees";
     form.BUTstartstop = stopCaption;
     form.isCapturing = true;
-    OpenCapture(services);
-    SetCaptureFormat(state, services);
-    StartCapture(services);
-    // The pass may have ended behind a message, and nobody would end what began after that.
-    if (!form.isCapturing) CloseCapture(services);
+    OpenCapture(services, form.isCapturing);
+    SetCaptureFormat(state, services, form.isCapturing);
+    StartCapture(services, form.isCapturing);
 }
 
 }  // namespace

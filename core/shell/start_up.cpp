@@ -195,6 +195,8 @@ void Form_QueryUnload(MainForm& form, Services& services) {
 void Form_Unload(MainForm& /*form*/, ProgramState& state, Services& services) {
     // Also when the window's frame was used, so that what is still running leaves.
     state.MainTag = "exit";
+    // A recording is saved as long as its window is there.
+    services.windows.unload("Record");
     state.OrbitEngine.reset();
     services.windows.close();
 }

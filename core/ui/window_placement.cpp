@@ -31,6 +31,11 @@ void placeWindow(QWidget& window, const WindowPlace& place) {
     }
 }
 
+double surfaceDensity(const QWidget& window) {
+    constexpr double densest = 8;
+    return std::clamp(window.devicePixelRatioF(), 1.0, densest);
+}
+
 WindowPlace placeOf(const QWidget& window) {
     const auto twips = [](int pixelCount) { return static_cast<float>(pixelCount) * twipsPerPixel; };
     return {twips(window.x()),      twips(window.y()),    twips(window.width()),

@@ -61,7 +61,7 @@ void Horizon::resizeEvent(QResizeEvent* event) {
 void Horizon::readControls() {
     m_form.innerWidth = m_ui->Final->width();
     m_form.innerHeight = m_ui->Final->height();
-    m_form.devicePixelsPerPixel = devicePixelRatioF();
+    m_form.devicePixelsPerPixel = surfaceDensity(*this);
     m_form.place = placeOf(*this);
 }
 

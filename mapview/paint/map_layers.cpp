@@ -104,9 +104,11 @@ Place mapPlace(const MapFrame& frame, double latitudeDeg, double longitudeDeg) {
     const SurfaceSize size{frame.surfaces.Final.width(), frame.surfaces.Final.height()};
     const Place place{LongitudeToMapX(size, frame.state.MainTag, longitudeDeg),
                       LatitudeToMapY(size, frame.state.MainTag, latitudeDeg)};
-    // A surface passes such a place over, and what is printed next would stand wherever its pen was.
-    if (!std::isfinite(place.x) || !std::isfinite(place.y)) {
-        throw std::range_error("a place on the map is no number");
+    // A surface passes over what is farther than it can count, and what is printed next would stand wherever
+    // its pen was.
+    constexpr double farthest = 1e9;
+    if (!(std::abs(place.x) <= farthest && std::abs(place.y) <= farthest)) {
+        throw std::range_error("a place is beyond any map");
     }
     return place;
 }

@@ -8,7 +8,6 @@
 #include "core/program_state.h"
 #include "core/services.h"
 #include "core/sprites.h"
-#include "core/texts.h"
 #include "mapview/map_state.h"
 #include "mapview/paint/map_layers.h"
 #include "mapview/paint/map_surfaces.h"
@@ -19,10 +18,6 @@ namespace {
 
 constexpr Colour orange = 33023;
 constexpr Colour white = 0xFFFFFF;
-
-bool isTrue(const std::string& setting) {
-    return numberValue(setting) != 0.0 || equalsIgnoringCase(trimmed(setting), "true");
-}
 
 void paintSatellite(const MapFrame& frame, const FavouriteRecord& favourite) {
     constexpr int size = 32;
@@ -54,7 +49,7 @@ void paintGroundTrack(const MapFrame& frame) {
     constexpr int pointsPerMinute = 2;
     // As one step: from the table's end on every point would fail in the same way.
     frame.label.step([&] {
-        if (!isTrue(GetConfig(frame.services, settings::showGroundtrack))) return;
+        if (!isTrue(frame.services, settings::showGroundtrack)) return;
         const double last =
             pointsPerMinute * numberValue(GetConfig(frame.services, settings::groundTrackLen));
         for (int i = 0; i <= last; ++i) {
@@ -70,7 +65,7 @@ void paintFootprint(const MapFrame& frame) {
     constexpr int lastPoint = 360;
     constexpr int step = 2;
     frame.label.step([&] {
-        if (!isTrue(GetConfig(frame.services, settings::showFootprints))) return;
+        if (!isTrue(frame.services, settings::showFootprints)) return;
         frame.surfaces.Final.setPenColour(orange);
         for (int i = 0; i <= lastPoint; i += step) {
             const MapPoint& point = frame.map.FootprintPoints[i];

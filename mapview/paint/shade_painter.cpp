@@ -13,6 +13,14 @@ Area areaOf(const PixelArea& area) {
             static_cast<double>(area.height)};
 }
 
+/// As long as it lives, whatever happens meanwhile.
+struct LowPriority {
+    LowPriority() { mPriority::SetPriorityClass(PriorityClass::Idle); }
+    ~LowPriority() { mPriority::SetPriorityClass(PriorityClass::Normal); }
+    LowPriority(const LowPriority&) = delete;
+    LowPriority& operator=(const LowPriority&) = delete;
+};
+
 }  // namespace
 
 void drawShade(Surface& Alpha, const MapState& map, std::string_view mainTag) {
@@ -34,11 +42,10 @@ void drawShade(Surface& Alpha, const MapState& map, std::string_view mainTag) {
 }
 
 void blendShade(Surface& Final, const Surface& Alpha) {
-    mPriority::SetPriorityClass(PriorityClass::Idle);
+    const LowPriority low;
     for (const ShadeBlend& blend : shadeBlends(Final.width(), Final.height())) {
         Final.blend(areaOf(blend.destination), Alpha, areaOf(blend.source), shadeAlpha);
     }
-    mPriority::SetPriorityClass(PriorityClass::Normal);
 }
 
 }  // namespace vantrace

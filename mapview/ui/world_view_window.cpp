@@ -41,7 +41,6 @@ QString entryText(const std::string& name) {
 
 WorldView::WorldView(WindowHost& host, MapState& map, ProgramState& state, Services& services)
     : FormWindow(host, "WorldView"),
-      m_state(state),
       m_world{m_form, map, m_surfaces, state, services},
       m_ui(std::make_unique<Ui::WorldView>()),
       m_timer1(addTimer(QStringLiteral("Timer1"), [this] { Timer1_Timer(m_world); })),
@@ -133,7 +132,7 @@ bool WorldView::eventFilter(QObject* object, QEvent* event) {
 void WorldView::readControls() {
     m_form.innerWidth = m_ui->inside->width();
     m_form.innerHeight = m_ui->inside->height();
-    m_form.devicePixelsPerPixel = devicePixelRatioF();
+    m_form.devicePixelsPerPixel = surfaceDensity(*this);
     m_form.SliderWarp = static_cast<std::int16_t>(m_ui->SliderWarp->value());
     m_form.place = placeOf(*this);
 }

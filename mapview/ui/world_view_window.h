@@ -40,7 +40,6 @@ class WorldView final : public FormWindow {
     void writeMenus();
     void writeFavourites();
 
-    ProgramState& m_state;
     MapSurfaces m_surfaces;
     WorldViewForm m_form;
     WorldMap m_world;

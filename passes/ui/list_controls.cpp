@@ -2,6 +2,7 @@
 
 #include <QComboBox>
 #include <QItemSelectionModel>
+#include <QLayout>
 #include <QListView>
 #include <QScrollArea>
 #include <QStringListModel>
@@ -60,8 +61,17 @@ void makeTransparent(QScrollArea& area) {
 }
 
 void growToContents(QWidget& window, const QScrollArea& area) {
-    area.widget()->ensurePolished();
-    window.resize(window.size().expandedTo(area.widget()->sizeHint()));
+    // The sizes of a sheet are known only to controls that have taken it up, which they'd do when they are
+    // shown.
+    for (QWidget* const control : area.widget()->findChildren<QWidget*>()) control->ensurePolished();
+    area.widget()->layout()->activate();
+    QSize size = window.size().expandedTo(area.widget()->sizeHint());
+    // Texts that are wrapped tell their height by the width that they get.
+    const QLayout& layout = *area.widget()->layout();
+    if (layout.hasHeightForWidth()) {
+        size.setHeight(std::max(size.height(), layout.totalHeightForWidth(size.width())));
+    }
+    window.resize(size);
 }
 
 }  // namespace vantrace

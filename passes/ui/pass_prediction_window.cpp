@@ -29,7 +29,7 @@ QStringList headings() {
 
 /// As wide as the texts of a column come.
 constexpr std::array<const char*, resultColumns> widestTexts = {
-    "A SATELLITE'S NAME", "30 MAR", "00:00:00", "000", "00 (AZ 000)", "24 Hours", "000", "Yes", "Yes"};
+    "A SATELLITE'S LONG NAME", "30 MAR", "00:00:00", "000", "00 (AZ 000)", "24 Hours", "000", "Yes", "Yes"};
 
 constexpr int noNumberColumns = -1;
 

@@ -102,10 +102,20 @@ QFont fittingFont(QPrinter& printer, const std::string& face, const std::vector<
     return font;
 }
 
+/// Margins of 15 mm, or more where the user wants or the printer needs them.
+void keepFromEdges(QPrinter& printer) {
+    constexpr double least = 15;
+    const QMarginsF chosen = printer.pageLayout().margins(QPageLayout::Millimeter);
+    printer.setPageMargins({std::max(least, chosen.left()), std::max(least, chosen.top()),
+                            std::max(least, chosen.right()), std::max(least, chosen.bottom())},
+                           QPageLayout::Millimeter);
+}
+
 }  // namespace
 
 void printPages(QPrinter& printer, const PrintDocument& document) {
     printer.setDocName(QString::fromStdString(document.title));
+    keepFromEdges(printer);
     const std::vector<Line> lines = linesOf(document);
     QPainter painter;
     if (!painter.begin(&printer)) throw std::runtime_error("the printer doesn't take the document");

@@ -1,8 +1,8 @@
 #include <algorithm>
 #include <cstdlib>
 
-#include "app/fixed_clock.h"
-#include "app/unsaved_settings.h"
+#include "app/pictures/fixed_clock.h"
+#include "app/pictures/unsaved_settings.h"
 #include "platform/qt/qt_pictures.h"
 #include "tests/app/cli_run.h"
 #include "tests/support/surface_pictures.h"
@@ -129,6 +129,28 @@ TEST(FixedClock, ReadsWholeSecondsInTheMachinesZone) {
     EXPECT_EQ(readingAt(*parseIsoText("1969-12-31T23:59:59.5Z")).local, (ClockParts{1970, 1, 1, 0, 59, 59}));
     ::unsetenv("TZ");
     ::tzset();
+}
+
+TEST_F(MapCommandTest, TheSkyIsPaintedToo) {
+    pictures.save(noise(64, 32, 1), folder.path() / "hdefault.jpg");
+    const auto horizon = [&](std::vector<std::string> options, const std::string& file) {
+        options.insert(options.begin(), "horizon");
+        options.insert(options.end(), {"--size", "240x120", "--out", out(file)});
+        return run(options);
+    };
+    EXPECT_EQ(horizon({}, "sky.png").status, 0);
+    EXPECT_EQ(pictures.load(out("sky.png")).width(), 240);
+    EXPECT_EQ(horizon({}, "again.png").status, 0);
+    EXPECT_EQ(bytes("again.png"), bytes("sky.png"));
+    EXPECT_EQ(horizon({"--centre", "North"}, "north.png").status, 0);
+    EXPECT_NE(bytes("north.png"), bytes("sky.png"));
+    EXPECT_EQ(horizon({"--centre", "east"}, "east.png").status, 2);
+    EXPECT_EQ(horizon({"--format", "csv"}, "csv.png").status, 2);
+    EXPECT_EQ(fakes.settings.writes(), 0);
+    fakes.settings.set("HorizonFile", "nowhere");
+    const CliResult landless = horizon({}, "landless.png");
+    EXPECT_EQ(landless.status, 1);
+    EXPECT_NE(landless.err.find("nowhere.jpg"), std::string::npos) << landless.err;
 }
 
 TEST(UnsavedSettings, NeverReachTheirStore) {

@@ -92,6 +92,10 @@ TEST_F(HorizonViewTest, OtherViewsAreOpenedByMain) {
     runHorizonEntry("mnuWorld", view);
     EXPECT_EQ(state.NextView, "world");
     EXPECT_FALSE(fakes.windows.isLoaded("Horizon"));
+    fakes.windows.show("Horizon");
+    runHorizonEntry("mnu3Dview", view);
+    EXPECT_EQ(state.NextView, "3D");
+    EXPECT_FALSE(fakes.windows.isLoaded("Horizon"));
     Form_Unload(view);
     EXPECT_EQ(main.count("show"), 1);
     EXPECT_FALSE(form.Timer1Sec.isEnabled || form.Timer5sec.isEnabled);

@@ -26,18 +26,23 @@ TEST(SkyProjection, NorthIsAtTheEdgesOrInTheMiddle) {
 }
 
 TEST_F(PaintScreenTest, WordsStandOnTheLandscapeInTheirPlaces) {
+    const auto words = [&] {
+        fakes.textPainter.questions.clear();
+        paint();
+        std::vector<std::string> texts;
+        for (const auto& question : fakes.textPainter.questions) texts.push_back(question.text);
+        texts.resize(5);
+        return texts;
+    };
+    EXPECT_EQ(words(), (std::vector<std::string>{"NORTH", "EAST", "SOUTH", "WEST", "NORTH"}));
     form.CenteredNorth = true;
-    paint();
+    EXPECT_EQ(words(), (std::vector<std::string>{"SOUTH", "WEST", "NORTH", "EAST", "SOUTH"}));
     // Every letter of the tests' face is a box two pixels below the pen; before each word there is a dot.
     for (const int x : {0, 180, 360, 533, 680}) {
         EXPECT_EQ(surfaces.Final.pixel(x, 40), 0U) << x;
         EXPECT_EQ(surfaces.Final.pixel(x + 2, 45), 0x00FFFFU) << x;
     }
     EXPECT_EQ(surfaces.Final.pixel(300, 100), sky);
-    std::vector<std::string> words;
-    for (const auto& question : fakes.textPainter.questions) words.push_back(question.text);
-    words.resize(5);
-    EXPECT_EQ(words, (std::vector<std::string>{"SOUTH", "WEST", "NORTH", "EAST", "SOUTH"}));
     EXPECT_EQ(fakes.logged(labels::horizonPaintScreen), 0);
 }
 
@@ -57,15 +62,46 @@ TEST_F(PaintScreenTest, TheSentenceOnTheSunGoesByItsElevation) {
         EXPECT_EQ(isPrinted(night), elevation < -18) << elevation;
         EXPECT_EQ(isPrinted(twilight), elevation >= -18 && elevation <= -6) << elevation;
     }
-    fakes.clock.setUtc({2026, 8, 21, 12, 0, 0}, 120);
-    paint();
-    const double julian = state.OrbitEngine->EngineJulianDate(packDateTime({2026, 8, 21, 12, 0, 0}));
-    const TrackResult sun = state.OrbitEngine->EngineTrack("sun", julian, 0, 0);
-    char sentence[120];
-    std::snprintf(sentence, sizeof sentence,
-                  "The Sun is %.1f degrees above the horizon, at %.1f degrees heading",
-                  sun.elevationRad * 180 / std::numbers::pi, sun.azimuthRad * 180 / std::numbers::pi);
-    EXPECT_TRUE(isPrinted(sentence)) << sentence;
+}
+
+/// Like "%.1f", but without the 0 in front of the point.
+std::string tenths(double value) {
+    char text[40];
+    std::snprintf(text, sizeof text, "%.1f", value);
+    std::string result = text;
+    const std::size_t zero = result.find('0');
+    if (result.starts_with("0.") || result.starts_with("-0.")) result.erase(zero, 1);
+    return result;
+}
+
+TEST_F(PaintScreenTest, SentencesOfSunAndMoonHoldTheirAngles) {
+    surfaces.SunPic = surfaces.SunMask = surfaces.MoonPic = surfaces.MoonMask = Surface(30, 30);
+    int moonlessMinutes = 0;
+    bool hasSeenTheSunBelow = false;
+    for (int minute = 0; minute < 3 * 24 * 60; minute += 7) {
+        fakes.clock.setUtc(dateParts(packDateTime({2026, 8, 21, 0, minute, 0})), 120);
+        fakes.textPainter.questions.clear();
+        paint();
+        const double julian = state.OrbitEngine->EngineJulianDate(packDateTime({2026, 8, 21, 0, minute, 0}));
+        const auto sentence = [&](const char* body, const TrackResult& track) {
+            constexpr double perRadian = 180 / std::numbers::pi;
+            return std::string("The ") + body + " is " + tenths(track.elevationRad * perRadian) +
+                   " degrees above the horizon, at " + tenths(track.azimuthRad * perRadian) +
+                   " degrees heading";
+        };
+        const TrackResult sun = state.OrbitEngine->EngineTrack("sun", julian, 0, 0);
+        const double sunDeg = sun.elevationRad * 180 / std::numbers::pi;
+        EXPECT_EQ(isPrinted(sentence("Sun", sun)), sunDeg > -6) << sunDeg;
+        hasSeenTheSunBelow = hasSeenTheSunBelow || (sunDeg > -6 && sunDeg < 0);
+        const TrackResult moon = state.OrbitEngine->EngineTrack("moon", julian, 0, 0);
+        const bool isMoonUp = moon.elevationRad * 180 / std::numbers::pi >= 1;
+        EXPECT_EQ(isPrinted(sentence("Moon", moon)), isMoonUp);
+        EXPECT_EQ(isPrinted("The Moon is below the horizon."), !isMoonUp);
+        moonlessMinutes += isMoonUp ? 0 : 1;
+        EXPECT_EQ(fakes.textPainter.questions[5].text.starts_with("The Sun"), true);
+        EXPECT_EQ(surfaces.Final.pixel(0, 15), 0U) << "the dot before the sentence on the moon";
+    }
+    EXPECT_TRUE(hasSeenTheSunBelow && moonlessMinutes > 0);
 }
 
 TEST_F(PaintScreenTest, SpritesLieAtTheirOffsets) {
@@ -126,7 +162,8 @@ TEST_F(PaintScreenTest, WithoutASelectionTheFirstAboveTheHorizonIsSelectedAndSai
     EXPECT_EQ(fakes.speech.texts, std::vector<std::string>{"Selected Satellite INTELSAT 10 02"});
     paint();
     EXPECT_EQ(fakes.speech.texts.size(), 1U);
-    EXPECT_GT(count(0x00FF00), 0) << "its track, and the line at the bottom in the track's colour";
+    EXPECT_GT(count(0x00FF00), 0);
+    EXPECT_EQ(surfaces.Final.pixel(2, 170), 0x00FF00U) << "the line at the bottom has the track's colour";
     const FavouriteRecord& chosen = state.Favourites[2];
     EXPECT_TRUE(
         isPrinted(" INTELSAT 10-02     AZ: " + std::to_string(static_cast<int>(std::floor(chosen.Azimuth))) +
@@ -141,6 +178,10 @@ TEST_F(PaintScreenTest, ASelectedSatelliteThatHasSetIsLetGoInTheSameFrame) {
     EXPECT_EQ(state.PrimarySatIndex, 0);
     EXPECT_TRUE(isPrinted(" No Satellite Selected"));
     EXPECT_EQ(count(0x00FF00), 0);
+    EXPECT_EQ(surfaces.Final.pixel(2, 170), 0xFFFFFFU) << "the line has the colour of the names";
+    state.FavouriteCount = 0;
+    paint();
+    EXPECT_EQ(surfaces.Final.pixel(2, 170), 0x00FFFFU) << "or that of the sentences";
 }
 
 TEST_F(PaintScreenTest, AnUnknownSatelliteCostsJustItself) {
@@ -150,7 +191,12 @@ TEST_F(PaintScreenTest, AnUnknownSatelliteCostsJustItself) {
     EXPECT_TRUE(isPrinted("INTELSAT 10-02"));
     EXPECT_EQ(fakes.logged(labels::horizonPaintScreen), 0)
         << "the position routine logs it under its own label";
-    EXPECT_GT(fakes.logged(labels::globalSatcalc), 0);
+    const int before = fakes.logged(labels::globalSatcalc);
+    EXPECT_GT(before, 0);
+    state.PrimarySatIndex = 1;
+    paint();
+    EXPECT_EQ(fakes.logged(labels::globalSatcalc), before + 2) << "once for its place, once for its track";
+    EXPECT_EQ(count(0x00FF00), 0);
 }
 
 }  // namespace

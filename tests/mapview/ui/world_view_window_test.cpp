@@ -42,6 +42,8 @@ TEST_F(WorldViewWindowTest, ATickFillsMapAndPane) {
     for (int x = 0; x < frame.width(); ++x) blue += frame.pixelColor(x, 8) == QColor(0, 0, 255) ? 1 : 0;
     EXPECT_GT(blue, 10);
     EXPECT_TRUE(fakes.logLines().empty()) << fakes.logLines().front();
+    view->resize(1100, 660);
+    QTest::qWait(100);
     savePicture(*view, "map");
 
     click(view, "BUTimode_1");

@@ -132,6 +132,20 @@ TEST_F(UpcomingPasses, OneThatSetsWithinThreeMinutesOfAnyHourIsAnnounced) {
     EXPECT_TRUE(fakes.speech.texts.empty());
 }
 
+TEST_F(UpcomingPasses, OneThatNeverRisesIsNeitherShownNorAnnounced) {
+    state.ObserverLongitude = 180.0;
+    state.OrbitEngine->EngineSetLongitude(180.0);
+    addFavourite("INTELSAT 10-02", -50);
+    addFavourite("FUNCUBE-1 (AO-73)", -5);
+    addFavourite("ISS (ZARYA)", 0);
+    // A quarter of an hour before the end of the day, which the mark of no rise stands at.
+    fakes.clock.setUtc({2026, 8, 21, 23, 50, 0}, 0);
+    update(true);
+    EXPECT_EQ(panel.plainText().find("INTELSAT"), std::string::npos) << panel.plainText();
+    EXPECT_NE(panel.plainText().find("ISS"), std::string::npos);
+    EXPECT_EQ(fakes.logged(labels::globalUpdateQuickETA), 0);
+}
+
 TEST_F(UpcomingPasses, LeavingTheMapDuringARunEndsThePanelForGood) {
     addFavourite("ISS (ZARYA)", -1);
     addFavourite("FUNCUBE-1 (AO-73)", -1);

@@ -1,4 +1,4 @@
-#include "app/fixed_clock.h"
+#include "app/pictures/fixed_clock.h"
 
 #include <cmath>
 #include <ctime>

@@ -1,0 +1,276 @@
+// The windows of the predictions over the data that ships.
+#include <QCalendarWidget>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QListView>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QStackedWidget>
+#include <QTreeView>
+#include <memory>
+
+#include "catalogue/favourites.h"
+#include "catalogue/groups.h"
+#include "core/program_state.h"
+#include "orbit/orbit_engine.h"
+#include "passes/job_file.h"
+#include "passes/ui/pass_prediction_window.h"
+#include "passes/ui/pass_wizard_window.h"
+#include "tests/support/fake_window.h"
+#include "tests/support_qt/window_test.h"
+
+namespace vantrace {
+namespace {
+
+using Names = std::vector<std::string>;
+
+class PassWindowsTest : public ::testing::Test {
+  protected:
+    PassWindowsTest() {
+        std::filesystem::copy(VANTRACE_SHIPPED_FOLDER, fakes.folder.path());
+        fakes.folder.write(
+            "pass.dat",
+            "Radio\r\nISS (ZARYA);\r\nOSCAR 7 (AO-7);\r\n2\r\n1\r\n0\r\nOther\r\nHST;\r\n1\r\n0\r\n0\r\n");
+        fakes.clock.setUtc({2026, 8, 23, 10, 30, 0}, 120);
+        state.AppPath = fakes.folder.appPath();
+        state.MainTag = "passprediction";
+        state.ObserverLatitude = 48.21;
+        state.ObserverLongitude = 343.63;
+        state.OrbitEngine = std::make_shared<OrbitEngine>(&fakes.clock);
+        state.OrbitEngine->EngineSetKepPath(state.AppPath);
+        state.OrbitEngine->EngineSetLatitude(48.21);
+        state.OrbitEngine->EngineSetLongitude(16.37);
+        LoadGroups(state);
+        LoadFavourites(state);
+        WindowRegistry& windows = fakes.windows;
+        registerFake(windows, "Main", m_main);
+        windows.registerWindow("PassPrediction", [this] {
+            return std::make_unique<PassPrediction>(fakes.host, state, fakes.withHost);
+        });
+        windows.registerWindow(
+            "PassWizard", [this] { return std::make_unique<PassWizard>(fakes.host, state, fakes.withHost); });
+    }
+
+    PassPrediction* open() {
+        fakes.windows.show("PassPrediction");
+        return windowOnScreen<PassPrediction>();
+    }
+    static void click(QWidget* window, const char* button) {
+        QTest::mouseClick(childOf<QPushButton>(window, button), Qt::LeftButton);
+    }
+    /// As the user picks an entry of a drop-down.
+    static void pick(QWidget* window, const char* name, const char* entry) {
+        auto* const box = childOf<QComboBox>(window, name);
+        const int index = box->findText(QString::fromLatin1(entry));
+        ASSERT_GE(index, 0) << entry;
+        box->setCurrentIndex(index);
+        emit box->activated(index);
+    }
+    static std::string shownText(QWidget* window, const char* name) {
+        const auto* const box = childOf<QComboBox>(window, name);
+        return (box->currentIndex() < 0 ? box->placeholderText() : box->currentText()).toStdString();
+    }
+    static void select(QWidget* window, const char* list, int row) {
+        auto* const view = childOf<QListView>(window, list);
+        view->setCurrentIndex(view->model()->index(row, 0));
+    }
+    static Names entries(QWidget* window, const char* list) {
+        const auto* const model = childOf<QListView>(window, list)->model();
+        Names texts;
+        for (int row = 0; row < model->rowCount(); ++row) {
+            texts.push_back(model->index(row, 0).data().toString().toStdString());
+        }
+        return texts;
+    }
+    static int resultCount(QWidget* window) {
+        return childOf<QTreeView>(window, "LISTpasses")->model()->rowCount();
+    }
+    static std::string result(QWidget* window, int row, int column) {
+        return childOf<QTreeView>(window, "LISTpasses")
+            ->model()
+            ->index(row, column)
+            .data()
+            .toString()
+            .toStdString();
+    }
+
+  private:
+    // Before the registry, which destroys the windows.
+    WindowScript m_main;
+
+  protected:
+    WindowTestServices fakes;
+    ProgramState state;
+};
+
+TEST_F(PassWindowsTest, CalculatesWhatIsPickedAndAsksAnew) {
+    PassPrediction* const window = open();
+    ASSERT_NE(window, nullptr);
+    EXPECT_EQ(window->windowTitle().toStdString(), "Vantrace - Satellite Pass Predictions");
+    EXPECT_EQ(childOf<QCalendarWidget>(window, "Calendar")->selectedDate(), QDate(2026, 8, 23));
+    EXPECT_EQ(shownText(window, "Groupname"), "Select Satellite Group");
+    EXPECT_EQ(shownText(window, "SatelliteName"), "Select Satellite");
+    EXPECT_EQ(shownText(window, "FavouriteName"), "Select Favourite");
+    pick(window, "Groupname", "Space Stations");
+    pick(window, "SatelliteName", "ISS (ZARYA)");
+    EXPECT_EQ(window->focusWidget(), childOf<QPushButton>(window, "BUTcalc"));
+    QTest::keyClick(window->focusWidget(), Qt::Key_Return);
+    ASSERT_GT(resultCount(window), 3);
+    EXPECT_EQ(result(window, 0, 0), "ISS (ZARYA)");
+    EXPECT_EQ(result(window, 0, 1), "23 AUG");
+    EXPECT_EQ(shownText(window, "Groupname"), "Select Satellite Group");
+    EXPECT_EQ(shownText(window, "SatelliteName"), "Select a Satellite");
+    EXPECT_EQ(shownText(window, "FavouriteName"), "Select a Favourite");
+    click(window, "BUTcalc");
+    ASSERT_EQ(fakes.dialogs.messages.size(), 1U);
+    EXPECT_TRUE(fakes.dialogs.messages[0].starts_with("You must select either one of the "));
+
+    const int once = resultCount(window);
+    auto* const calendar = childOf<QCalendarWidget>(window, "Calendar");
+    calendar->setSelectedDate(QDate(2026, 8, 25));
+    childOf<QCheckBox>(window, "CHvisOnly")->setChecked(true);
+    pick(window, "FavouriteName", "CSS (TIANHE)");
+    click(window, "BUTcalc");
+    EXPECT_EQ(result(window, 0, 1), "23 AUG");
+    for (int row = once; row < resultCount(window); ++row) {
+        EXPECT_EQ(result(window, row, 0), "CSS (TIANHE)");
+        EXPECT_EQ(result(window, row, 8), "Yes");
+    }
+    click(window, "BUTclearResults");
+    EXPECT_EQ(resultCount(window), 0);
+    click(window, "BUTexit");
+    QTest::qWait(1);
+    EXPECT_FALSE(fakes.windows.isLoaded("PassPrediction"));
+    EXPECT_TRUE(fakes.windows.isOnScreen("Main"));
+}
+
+TEST_F(PassWindowsTest, RunsAJobSortsSavesAndPrints) {
+    PassPrediction* const window = open();
+    EXPECT_EQ(entries(window, "ListPresets"), (Names{"Radio", "Other"}));
+    fakes.dialogs.chosen = fakes.folder.path() / "out.txt";
+    select(window, "ListPresets", 0);
+    click(window, "PresetGo");
+    ASSERT_GT(resultCount(window), 10);
+    EXPECT_NE(fakes.folder.read("out.txt").find("OSCAR 7 (AO-7)"), std::string::npos);
+    EXPECT_TRUE(fakes.printer.titles.empty());
+    click(window, "BUTprint");
+    EXPECT_EQ(fakes.printer.documents.size(), 1U);
+
+    // Looks at the window in the middle of the sort.
+    auto* const place = childOf<QStackedWidget>(window, "resultsPlace");
+    auto* const bar = childOf<QProgressBar>(window, "PROsorting");
+    EXPECT_FALSE(bar->isVisible());
+    bool isWaiting = false;
+    QTimer::singleShot(0, window, [&] {
+        isWaiting = place->currentWidget()->objectName() == QStringLiteral("Label8") && bar->isVisible();
+        savePicture(*window, "pass-prediction-sorting");
+    });
+    click(window, "BUTsortChron");
+    EXPECT_TRUE(isWaiting);
+    EXPECT_EQ(textOf(window, "Label8"), "Please Wait...");
+    EXPECT_EQ(place->currentWidget()->objectName(), QStringLiteral("LISTpasses"));
+    EXPECT_FALSE(bar->isVisible());
+    for (int row = 1; row < resultCount(window); ++row) {
+        EXPECT_LE(result(window, row - 1, 1) + result(window, row - 1, 2),
+                  result(window, row, 1) + result(window, row, 2));
+    }
+    savePicture(*window, "pass-prediction");
+}
+
+TEST_F(PassWindowsTest, AJobIsEditedInTheWizardAndComesBackAtTheEnd) {
+    PassPrediction* const window = open();
+    select(window, "ListPresets", 0);
+    click(window, "BUTeditjob");
+    PassWizard* const wizard = windowOnScreen<PassWizard>();
+    ASSERT_NE(wizard, nullptr);
+    EXPECT_EQ(wizard->windowTitle().toStdString(), "Pass Prediction Job Wizard");
+    EXPECT_EQ(wizard->focusWidget(), childOf<QLineEdit>(wizard, "Tname"));
+    EXPECT_EQ(textOf(wizard, "Tname"), "Radio");
+    EXPECT_EQ(textOf(wizard, "Tnumofdays"), "2");
+    EXPECT_TRUE(childOf<QCheckBox>(wizard, "CHsave")->isChecked());
+    EXPECT_FALSE(childOf<QCheckBox>(wizard, "CHprint")->isChecked());
+    EXPECT_EQ(entries(wizard, "SatList"), (Names{"ISS (ZARYA)", "OSCAR 7 (AO-7)"}));
+    EXPECT_EQ(entries(window, "ListPresets"), Names{"Other"});
+    EXPECT_EQ(jobNames(fakes.folder.read("pass.dat")), Names{"Other"});
+
+    pick(wizard, "COMgroup", "Space Stations");
+    pick(wizard, "COMsatname", "CSS (TIANHE)");
+    click(wizard, "BUTadd");
+    select(wizard, "SatList", 0);
+    click(wizard, "BUTremove");
+    QTest::keyClicks(childOf<QLineEdit>(wizard, "Tname"), " 2");
+    savePicture(*wizard, "pass-wizard");
+    click(wizard, "BUTSaveJob");
+    QTest::qWait(1);
+    EXPECT_EQ(windowOnScreen<PassWizard>(), nullptr);
+    EXPECT_EQ(entries(window, "ListPresets"), (Names{"Other", "Radio 2"}));
+    EXPECT_TRUE(fakes.folder.read("pass.dat")
+                    .ends_with("Radio 2\r\nOSCAR 7 (AO-7);\r\nCSS (TIANHE);\r\n2\r\n1\r\n0\r\n"));
+}
+
+TEST_F(PassWindowsTest, TheWizardOutlivesItsParentAndAsksBeforeItGoes) {
+    PassPrediction* const window = open();
+    click(window, "PresetAdd");
+    PassWizard* const wizard = windowOnScreen<PassWizard>();
+    ASSERT_NE(wizard, nullptr);
+    click(window, "BUTexit");
+    QTest::qWait(1);
+    ASSERT_FALSE(fakes.windows.isLoaded("PassPrediction"));
+    wizard->close();
+    QTest::keyClick(wizard, Qt::Key_Escape);
+    EXPECT_EQ(fakes.dialogs.titles, Names(2, "Cancel Job"));
+    ASSERT_NE(windowOnScreen<PassWizard>(), nullptr);
+
+    QTest::keyClicks(childOf<QLineEdit>(wizard, "Tname"), "Late");
+    QTest::keyClicks(childOf<QLineEdit>(wizard, "Tnumofdays"), "1");
+    pick(wizard, "COMgroup", "Space Stations");
+    pick(wizard, "COMsatname", "ISS (ZARYA)");
+    click(wizard, "BUTadd");
+    click(wizard, "BUTSaveJob");
+    QTest::qWait(1);
+    EXPECT_EQ(windowOnScreen<PassWizard>(), nullptr);
+    EXPECT_FALSE(fakes.windows.isLoaded("PassPrediction")) << "no window is made for the item";
+    EXPECT_EQ(jobNames(fakes.folder.read("pass.dat")), (Names{"Radio", "Other", "Late"}));
+    fakes.dialogs.saysYes = true;
+    fakes.windows.show("PassWizard");
+    click(windowOnScreen<PassWizard>(), "BUTcancel");
+    EXPECT_EQ(windowOnScreen<PassWizard>(), nullptr);
+}
+
+/// Whether all texts of a window's buttons and labels have their room, and nothing needs to be scrolled.
+void expectRoomForTexts(QWidget* window) {
+    QTest::qWait(1);
+    for (const QPushButton* const button : window->findChildren<QPushButton*>()) {
+        EXPECT_GE(button->width(), button->minimumSizeHint().width()) << button->objectName().toStdString();
+        EXPECT_GE(button->height(), button->minimumSizeHint().height()) << button->objectName().toStdString();
+    }
+    const auto* const area = childOf<QScrollArea>(window, "centre");
+    EXPECT_FALSE(area->verticalScrollBar()->isVisible());
+    EXPECT_FALSE(area->horizontalScrollBar()->isVisible());
+}
+
+TEST_F(PassWindowsTest, WithoutTheSkinAndInBothLooksEverythingHasItsPlace) {
+    for (const char* skin : {"1", "0"}) {
+        fakes.settings.set("Skin", skin);
+        PassPrediction* const window = open();
+        select(window, "ListPresets", 1);
+        click(window, "PresetGo");
+        click(window, "PresetAdd");
+        PassWizard* const wizard = windowOnScreen<PassWizard>();
+        expectRoomForTexts(window);
+        expectRoomForTexts(wizard);
+        if (*skin == '0') {
+            savePicture(*window, "pass-prediction-without-skin");
+            savePicture(*wizard, "pass-wizard-without-skin");
+        }
+        fakes.windows.unload("PassWizard");
+        fakes.windows.unload("PassPrediction");
+        QTest::qWait(1);
+    }
+}
+
+}  // namespace
+}  // namespace vantrace
