@@ -136,9 +136,10 @@ Prediction::Prediction(const CommandContext& context)
 }
 
 std::vector<OptionSyntax> Prediction::options() {
-    return {{"date", "YYYY-MM-DD", "the local day on which the passes end (else: today)"},
-            {"visible-only", "", "leaves out what can't be seen with the naked eye"},
-            {"sort", "", "puts the passes in the order of their times, January before December"}};
+    return {
+        {"date", "YYYY-MM-DD", "the local day on which the passes end, the first one of a job (else: today)"},
+        {"visible-only", "", "leaves out what can't be seen with the naked eye"},
+        {"sort", "", "puts the passes in the order of their times, January before December"}};
 }
 
 Prediction::Output Prediction::outputOf(const CommandContext& context) {

@@ -7,6 +7,7 @@
 #include "bench/bench_elements.h"
 #include "bench/bench_services.h"
 #include "core/program_state.h"
+#include "orbit/engine_error.h"
 #include "passes/job_run.h"
 #include "passes/pass_prediction_form.h"
 #include "passes/sort_results.h"
@@ -35,8 +36,13 @@ struct Job {
     void run() {
         form.LISTpasses.clear();
         const Guard guard = [](const std::function<void()>& work) {
-            work();
-            return true;
+            try {
+                work();
+                return true;
+            } catch (const EngineError&) {
+                // One that comes down within the days.
+                return false;
+            }
         };
         calculateJob(job, form, program, bench.services, guard);
     }

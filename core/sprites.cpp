@@ -16,19 +16,18 @@ void paintSprite(Surface& target, const Place& corner, int size, const Surface& 
     target.blit(x, y, size, size, picture, 0, 0, RasterOperation::bitOr);
 }
 
-void SpriteLoader::pair(const std::string& name, Surface& picture, Surface& mask) const {
-    const auto load = [&](Surface& surface, const std::string& file) {
-        surface = Surface();
-        label.step([&] { surface = services.pictures.builtIn(file, devicePixelsPerPixel); });
+void Sprites::load(Services& services, ErrorLabel& label, double devicePixelsPerPixel,
+                   const std::string& moon) {
+    const auto pair = [&](const std::string& name, Surface& picture, Surface& mask) {
+        picture = Surface();
+        mask = Surface();
+        label.step([&] { picture = services.pictures.builtIn(name, devicePixelsPerPixel); });
+        label.step([&] { mask = services.pictures.builtIn(name + "_mask", devicePixelsPerPixel); });
     };
-    load(picture, name);
-    load(mask, name + "_mask");
-}
-
-void SpriteLoader::satellites(std::array<Surface, satellitePictureCount>& pictures,
-                              std::array<Surface, satellitePictureCount>& masks) const {
+    pair("sun", SunPic, SunMask);
+    pair(moon, MoonPic, MoonMask);
     for (std::size_t i = 0; i < satellitePictureCount; ++i) {
-        pair("satellite_" + std::to_string(i), pictures[i], masks[i]);
+        pair("satellite_" + std::to_string(i), SatPic[i], SatMask[i]);
     }
 }
 

@@ -4,7 +4,6 @@
 #include <array>
 #include <cstddef>
 #include <string>
-#include <string_view>
 
 #include "platform/surface.h"
 
@@ -20,16 +19,19 @@ inline constexpr std::size_t satellitePictureCount = 6;
 /// place that is rounded to whole pixels, halves to even. Throws std::range_error for a place beyond 32 bits.
 void paintSprite(Surface& target, const Place& corner, int size, const Surface& mask, const Surface& picture);
 
-/// Loads sprites drawn for a device with so many pixels to each of ours. One that is missing is logged under
-/// the label and stays without a pixel; nothing of it is painted.
-struct SpriteLoader {
-    Services& services;
-    ErrorLabel& label;
-    double devicePixelsPerPixel;
+/// Sprites: black where the picture below shows through. Masks: white there, and black where the sprite
+/// shows.
+struct Sprites {
+    Surface SunPic;
+    Surface SunMask;
+    Surface MoonPic;
+    Surface MoonMask;
+    std::array<Surface, satellitePictureCount> SatPic;
+    std::array<Surface, satellitePictureCount> SatMask;
 
-    void pair(const std::string& name, Surface& picture, Surface& mask) const;
-    void satellites(std::array<Surface, satellitePictureCount>& pictures,
-                    std::array<Surface, satellitePictureCount>& masks) const;
+    /// Those drawn for a device with so many pixels to each of ours; of the moons that of the name. One that
+    /// is missing is logged under the label and stays without a pixel; nothing of it is painted.
+    void load(Services& services, ErrorLabel& label, double devicePixelsPerPixel, const std::string& moon);
 };
 
 }  // namespace vantrace

@@ -36,10 +36,7 @@ HorizonSurfaces::HorizonSurfaces() : BackDrop(eveningSky()) {}
 
 void loadSprites(HorizonSurfaces& surfaces, Services& services, double devicePixelsPerPixel) {
     ErrorLabel label(services, labels::horizonFormLoad);
-    const SpriteLoader load{services, label, devicePixelsPerPixel};
-    load.pair("sun", surfaces.SunPic, surfaces.SunMask);
-    load.pair("moon_large", surfaces.MoonPic, surfaces.MoonMask);
-    load.satellites(surfaces.SatPic, surfaces.SatMask);
+    surfaces.load(services, label, devicePixelsPerPixel, "moon_large");
 }
 
 void loadLandscape(HorizonSurfaces& surfaces, const ProgramState& state, Services& services) {

@@ -9,7 +9,7 @@ namespace vantrace {
 struct ProgramState;
 struct Services;
 
-struct HorizonSurfaces {
+struct HorizonSurfaces : Sprites {
     HorizonSurfaces();
 
     /// The landscape: the whole circle of azimuth along its width, the horizon at its lower edge. The one of
@@ -17,14 +17,6 @@ struct HorizonSurfaces {
     Surface BackDrop;
     /// The panorama that the user sees.
     Surface Final;
-
-    /// Sprites: black where the sky shows through. Masks: white there, and black where the sprite shows.
-    Surface SunPic;
-    Surface SunMask;
-    Surface MoonPic;
-    Surface MoonMask;
-    std::array<Surface, satellitePictureCount> SatPic;
-    std::array<Surface, satellitePictureCount> SatMask;
 };
 
 /// The sprites, drawn for a device with so many pixels to each of ours. One that is missing is logged as a

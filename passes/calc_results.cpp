@@ -151,19 +151,19 @@ void CalcResults(PassPredictionForm& form, ProgramState& state, Services& servic
                  const std::string& Satname, std::int16_t Day, std::int16_t Month, std::int16_t Year) {
     constexpr int mode = 1;
     constexpr int spanDays = 3;
-    const std::string satellite = Satname;  // it may be a text of the form
     const double dayBefore = packDateTime({Year, Month, Day, 0, 0, 0}) - 1;
-    Looker looker(state, services, satellite);
+    Looker looker(state, services, Satname);
     for (const std::string& record :
-         recordsOf(engineOf(state).EnginePassList(satellite, dayBefore, mode, spanDays, 0, 0))) {
+         recordsOf(engineOf(state).EnginePassList(Satname, dayBefore, mode, spanDays, 0, 0))) {
         const PassOfDay pass = passOf(record, services.clock);
         if (numberValue(GetConfig(services, settings::wxEl)) > pass.peakDeg) continue;
         if (pass.end.day != Day) continue;
-        const ResultRow row = rowOf(satellite, pass, looker.sightOf(pass));
+        const ResultRow row = rowOf(Satname, pass, looker.sightOf(pass));
         form.LISTpasses.add(row);
         if (form.CHvisOnly && row[ResultColumn::Visible] == noText) form.LISTpasses.removeLast();
     }
     services.events.yield();
+    // Satname may be one of these texts; it has served.
     askForSelection(form);
 }
 

@@ -24,10 +24,7 @@ MapSurfaces::MapSurfaces() : Alpha(alphaSize.width, alphaSize.height) {
 
 void loadSprites(MapSurfaces& surfaces, Services& services, double devicePixelsPerPixel) {
     ErrorLabel label(services, labels::mapFormLoad);
-    const SpriteLoader loader{services, label, devicePixelsPerPixel};
-    loader.pair("sun", surfaces.SunPic, surfaces.SunMask);
-    loader.pair("moon", surfaces.MoonPic, surfaces.MoonMask);
-    loader.satellites(surfaces.SatPic, surfaces.SatMask);
+    surfaces.load(services, label, devicePixelsPerPixel, "moon");
 }
 
 void loadMapPicture(MapSurfaces& surfaces, const ProgramState& state, Services& services) {

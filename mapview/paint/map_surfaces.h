@@ -1,8 +1,6 @@
 // The rasters of the window `WorldView`: what it paints from, and what it paints.
 #pragma once
 
-#include <array>
-
 #include "core/sprites.h"
 #include "platform/surface.h"
 
@@ -11,7 +9,7 @@ namespace vantrace {
 struct ProgramState;
 struct Services;
 
-struct MapSurfaces {
+struct MapSurfaces : Sprites {
     /// `Final` black and without a pixel, with a pen of 2; `Alpha` black with a white brush.
     MapSurfaces();
 
@@ -22,14 +20,6 @@ struct MapSurfaces {
     Surface Alpha;
     /// The frame that the user sees. Give it another size by resize(), which keeps its pen.
     Surface Final;
-
-    /// Sprites: black where the map shows through. Masks: white there, and black where the sprite shows.
-    Surface SunPic;
-    Surface SunMask;
-    Surface MoonPic;
-    Surface MoonMask;
-    std::array<Surface, satellitePictureCount> SatPic;
-    std::array<Surface, satellitePictureCount> SatMask;
 };
 
 /// The sprites and masks, drawn for a device with so many pixels to each of ours. One that is missing is

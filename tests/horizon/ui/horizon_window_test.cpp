@@ -35,6 +35,8 @@ TEST_F(HorizonWindowTest, ATickPaintsTheSkyOfThisMoment) {
     tick(window, "Timer1Sec");
     EXPECT_NE(frameOf(window), southern);
     fakes.clock.setUtc({2026, 8, 23, 19, 10, 0}, 120);
+    window->resize(1100, 620);
+    QTest::qWait(100);
     tick(window, "Timer1Sec");
     savePicture(*window, "horizon_evening");
 }
