@@ -6,10 +6,10 @@
 #include "bench/bench_elements.h"
 #include "bench/bench_services.h"
 #include "core/program_state.h"
-#include "mapview/tables/ground_track.h"
-#include "mapview/tables/gsatroutine.h"
 #include "mapview/map_state.h"
 #include "mapview/paint/shade.h"
+#include "mapview/tables/ground_track.h"
+#include "mapview/tables/gsatroutine.h"
 #include "mapview/tables/sun_moon.h"
 #include "mapview/world_view_form.h"
 

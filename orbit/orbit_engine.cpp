@@ -258,12 +258,12 @@ double OrbitEngine::noEventDayNumber() {
 }
 
 double OrbitEngine::EngineNextAOS(std::string_view name, double timeUtc) {
-    if (timeUtc >= noEventDayNumber()) return noEventDayNumber();
+    if (timeUtc == noEventDayNumber()) return noEventDayNumber();
     return eventDayNumber(name, nextRise(name, instantFromDayNumber(finite(timeUtc, "time"))));
 }
 
 double OrbitEngine::EngineNextLOS(std::string_view name, double timeUtc) {
-    if (timeUtc >= noEventDayNumber()) return noEventDayNumber();
+    if (timeUtc == noEventDayNumber()) return noEventDayNumber();
     return eventDayNumber(name, nextSet(name, instantFromDayNumber(finite(timeUtc, "time"))));
 }
 
