@@ -70,7 +70,7 @@ class OrbitEngine {
     StateVector EngineStateVector() const;
 
     /// UTC day number of the next rise or set after a time; 9999-01-01 23:59:59 when none comes in 30 days,
-    /// and for that time itself and later ones.
+    /// and after that very time.
     static double noEventDayNumber();
     double EngineNextAOS(std::string_view name, double timeUtc);
     double EngineNextLOS(std::string_view name, double timeUtc);
