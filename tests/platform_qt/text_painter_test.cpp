@@ -37,9 +37,13 @@ TEST(TextPainter, CoversItsLettersAndNoMore) {
         return text.coverage[static_cast<std::size_t>(y * text.width + x)];
     };
     int rims = 0;
-    for (int x = 0; x < text.width; ++x) rims |= pixel(x, 0) > 0 ? 1 : pixel(x, text.height - 1) > 0 ? 2 : 0;
-    for (int y = 0; y < text.height; ++y) rims |= pixel(0, y) > 0 ? 4 : pixel(text.width - 1, y) > 0 ? 8 : 0;
-    EXPECT_EQ(rims & 13, 13);
+    for (int x = 0; x < text.width; ++x) {
+        rims |= (pixel(x, 0) > 0 ? 1 : 0) | (pixel(x, text.height - 1) > 0 ? 2 : 0);
+    }
+    for (int y = 0; y < text.height; ++y) {
+        rims |= (pixel(0, y) > 0 ? 4 : 0) | (pixel(text.width - 1, y) > 0 ? 8 : 0);
+    }
+    EXPECT_EQ(rims, 15);
     EXPECT_GE(text.left, -1);
     EXPECT_LE(text.left, 2);
     EXPECT_GE(text.top, 0);
