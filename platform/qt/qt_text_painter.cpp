@@ -83,11 +83,23 @@ QRect inkOf(const QImage& image) {
     return {QPoint(left, top), QPoint(right, bottom)};
 }
 
-/// What lies around the letters: up to 60 % where a letter is next to it, less at its corners.
+/// How much of a letter's ink the pixels around it take, row by row: 60 % next to it, less at the corners.
+std::vector<double> haloShares(int margin) {
+    constexpr double strength = 0.6;
+    std::vector<double> shares;
+    for (int y = -margin; y <= margin; ++y) {
+        for (int x = -margin; x <= margin; ++x) {
+            shares.push_back(strength * std::clamp(2 - std::hypot(x, y) / margin, 0.0, 1.0));
+        }
+    }
+    return shares;
+}
+
+/// What lies around the letters.
 void addHalo(TextCoverage& text, double devicePixelsPerPixel) {
     if (text.coverage.empty()) return;
-    constexpr double strength = 0.6;
     const int margin = std::max(1, static_cast<int>(std::lround(devicePixelsPerPixel)));
+    const std::vector<double> shares = haloShares(margin);
     const int width = text.width + 2 * margin;
     text.haloMargin = margin;
     text.halo.assign(static_cast<std::size_t>(width) * static_cast<std::size_t>(text.height + 2 * margin), 0);
@@ -95,13 +107,11 @@ void addHalo(TextCoverage& text, double devicePixelsPerPixel) {
         for (int x = 0; x < text.width; ++x) {
             const double ink = text.coverage[static_cast<std::size_t>(y * text.width + x)];
             if (ink == 0) continue;
-            for (int dy = -margin; dy <= margin; ++dy) {
-                for (int dx = -margin; dx <= margin; ++dx) {
-                    const double distance = std::hypot(dx, dy) / margin;
-                    const double share = strength * std::clamp(2 - distance, 0.0, 1.0);
-                    std::uint8_t& halo =
-                        text.halo[static_cast<std::size_t>((y + margin + dy) * width + x + margin + dx)];
-                    halo = std::max(halo, static_cast<std::uint8_t>(ink * share));
+            const double* share = shares.data();
+            for (int dy = 0; dy <= 2 * margin; ++dy) {
+                std::uint8_t* const row = text.halo.data() + (y + dy) * width + x;
+                for (int dx = 0; dx <= 2 * margin; ++dx) {
+                    row[dx] = std::max(row[dx], static_cast<std::uint8_t>(ink * *share++));
                 }
             }
         }

@@ -31,7 +31,9 @@ TEST(TextPainter, CoversItsLettersAndNoMore) {
     QtTextPainter painter;
     const TextCoverage text = painter.coverageOf(small, "Htg", 1);
     ASSERT_EQ(text.coverage.size(), static_cast<std::size_t>(text.width * text.height));
-    EXPECT_GE(*std::ranges::max_element(text.coverage), 220) << "the stems of bold letters are all but full";
+    EXPECT_GE(*std::ranges::max_element(text.coverage), 220) << "a stem of one narrow pixel";
+    EXPECT_EQ(*std::ranges::max_element(painter.coverageOf(small, "Htg", 2).coverage), 255)
+        << "a stem that is wider than a pixel is full";
     // No rim without ink; the letters lie within the line that starts at the top left corner.
     const auto pixel = [&](int x, int y) {
         return text.coverage[static_cast<std::size_t>(y * text.width + x)];
