@@ -25,10 +25,11 @@ Composition::Composition(Surroundings& surroundings, Console& console,
       m_dialogs(console.err),
       m_process(surroundings.folder.executable, {}),
       m_errorLog(surroundings.clock, surroundings.format),
-      m_services{surroundings.clock, m_events,   surroundings.settings, m_speech,
-                 m_dialogs,          m_desktop,  m_displayMode,         m_process,
-                 m_capture,          m_pictures, m_textPainter,         m_printer,
-                 m_errorLog,         m_windows,  surroundings.format} {
+      m_services{surroundings.clock, m_events,           surroundings.settings, m_speech,
+                 m_dialogs,          m_desktop,          m_displayMode,         m_process,
+                 m_capture,          m_pictures,         m_textPainter,         m_printer,
+                 m_fetcher,          m_timeClient,       m_linePublisher,       m_errorLog,
+                 m_windows,          surroundings.format} {
     m_state.AppPath = folderOf(surroundings, namedFolder);
     m_state.OrbitEngine = std::make_shared<OrbitEngine>(&surroundings.clock);
     try {

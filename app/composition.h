@@ -57,6 +57,9 @@ class Composition {
     QtPictures m_pictures;
     QtTextPainter m_textPainter;
     NoPrinter m_printer;
+    NoFetcher m_fetcher;
+    NoTimeClient m_timeClient;
+    NoLinePublisher m_linePublisher;
     WindowRegistry m_windows;
     /// Without a folder it writes nothing: this program tells its failures on the error stream.
     ErrorLog m_errorLog;

@@ -28,10 +28,12 @@ class WindowOnScreen final : public RegisteredWindow {
 };
 
 Services withSettings(const Services& services, SettingsStore& settings) {
-    return {
-        services.clock,       services.events,      settings,          services.speech,  services.dialogs,
-        services.desktop,     services.displayMode, services.process,  services.capture, services.pictures,
-        services.textPainter, services.printer,     services.errorLog, services.windows, services.format};
+    return {services.clock,       services.events,      settings,
+            services.speech,      services.dialogs,     services.desktop,
+            services.displayMode, services.process,     services.capture,
+            services.pictures,    services.textPainter, services.printer,
+            services.fetcher,     services.timeClient,  services.linePublisher,
+            services.errorLog,    services.windows,     services.format};
 }
 
 CalendarDate today(const Clock& clock) {

@@ -27,10 +27,14 @@ struct BenchServices {
     QtPictures pictures;
     QtTextPainter textPainter;
     NoPrinter printer;
+    NoFetcher fetcher;
+    NoTimeClient timeClient;
+    NoLinePublisher linePublisher;
     ErrorLog errorLog{clock, {}};
     WindowRegistry windows;
-    Services services{clock,   events,   settings,    speech,  dialogs,  desktop, displayMode, process,
-                      capture, pictures, textPainter, printer, errorLog, windows, {}};
+    Services services{clock,       events,     settings,      speech,   dialogs,     desktop,
+                      displayMode, process,    capture,       pictures, textPainter, printer,
+                      fetcher,     timeClient, linePublisher, errorLog, windows,     {}};
 };
 
 }  // namespace vantrace

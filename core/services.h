@@ -8,6 +8,8 @@
 #include "platform/dialogs.h"
 #include "platform/display_mode.h"
 #include "platform/event_queue.h"
+#include "platform/fetcher.h"
+#include "platform/line_publisher.h"
 #include "platform/machine_format.h"
 #include "platform/pictures.h"
 #include "platform/printer.h"
@@ -16,6 +18,7 @@
 #include "platform/sound_capture.h"
 #include "platform/speech.h"
 #include "platform/text_painter.h"
+#include "platform/time_client.h"
 
 namespace vantrace {
 
@@ -32,6 +35,9 @@ struct Services {
     Pictures& pictures;
     TextPainter& textPainter;
     Printer& printer;
+    Fetcher& fetcher;
+    TimeClient& timeClient;
+    LinePublisher& linePublisher;
     ErrorLog& errorLog;
     WindowRegistry& windows;
     MachineFormat format;

@@ -36,6 +36,9 @@ Services withClockAndSettings(const Services& services, Clock& clock, SettingsSt
             services.pictures,
             services.textPainter,
             services.printer,
+            services.fetcher,
+            services.timeClient,
+            services.linePublisher,
             errorLog,
             services.windows,
             services.format};

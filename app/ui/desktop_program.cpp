@@ -37,9 +37,9 @@ DesktopProgram::DesktopProgram(const DesktopArguments& arguments)
       m_format(machineFormatFromEnvironment()),
       m_errorLog(m_clock, m_format),
       m_host(m_windows, m_dialogs, m_errorLog),
-      m_services{m_clock,       m_host,        m_settings, m_speech,  m_dialogs,
-                 m_desktop,     m_displayMode, m_process,  m_capture, m_pictures,
-                 m_textPainter, m_printer,     m_errorLog, m_windows, m_format} {
+      m_services{m_clock,       m_host,       m_settings,      m_speech,   m_dialogs,     m_desktop,
+                 m_displayMode, m_process,    m_capture,       m_pictures, m_textPainter, m_printer,
+                 m_fetcher,     m_timeClient, m_linePublisher, m_errorLog, m_windows,     m_format} {
     m_state.AppPath = programFolder({executablePath(), userEnvironment(), arguments.dataFolder});
     m_state.CommandLine = arguments.commandLine;
     m_errorLog.setFolder(m_state.AppPath);

@@ -55,6 +55,9 @@ class DesktopProgram {
     QtPictures m_pictures;
     QtTextPainter m_textPainter;
     QtPrinter m_printer;
+    NoFetcher m_fetcher;
+    NoTimeClient m_timeClient;
+    NoLinePublisher m_linePublisher;
     MachineFormat m_format;
     ErrorLog m_errorLog;
     WindowRegistry m_windows;

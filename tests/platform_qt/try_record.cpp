@@ -29,10 +29,12 @@ namespace {
 class Recorder {
   public:
     Recorder()
-        : m_services{
-              m_fakes.clock,       m_fakes.events,      m_fakes.settings, m_fakes.speech,  m_fakes.dialogs,
-              m_fakes.desktop,     m_fakes.displayMode, m_fakes.process,  m_capture,       m_fakes.pictures,
-              m_fakes.textPainter, m_fakes.printer,     m_fakes.errorLog, m_fakes.windows, {}} {
+        : m_services{m_fakes.clock,       m_fakes.events,      m_fakes.settings,
+                     m_fakes.speech,      m_fakes.dialogs,     m_fakes.desktop,
+                     m_fakes.displayMode, m_fakes.process,     m_capture,
+                     m_fakes.pictures,    m_fakes.textPainter, m_fakes.printer,
+                     m_fakes.fetcher,     m_fakes.timeClient,  m_fakes.linePublisher,
+                     m_fakes.errorLog,    m_fakes.windows,     {}} {
         m_fakes.clock.setUtc({2026, 8, 21, 12, 5, 0}, 0);
     }
 

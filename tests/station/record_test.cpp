@@ -71,9 +71,12 @@ class RecordTest : public ::testing::Test {
 /// The same with a card that writes files.
 class RecordFileTest : public RecordTest {
   protected:
-    Services withCard{fakes.clock,       fakes.events,      fakes.settings, fakes.speech,  fakes.dialogs,
-                      fakes.desktop,     fakes.displayMode, fakes.process,  capture,       fakes.pictures,
-                      fakes.textPainter, fakes.printer,     fakes.errorLog, fakes.windows, {}};
+    Services withCard{fakes.clock,       fakes.events,      fakes.settings,
+                      fakes.speech,      fakes.dialogs,     fakes.desktop,
+                      fakes.displayMode, fakes.process,     capture,
+                      fakes.pictures,    fakes.textPainter, fakes.printer,
+                      fakes.fetcher,     fakes.timeClient,  fakes.linePublisher,
+                      fakes.errorLog,    fakes.windows,     {}};
     void recordPass(std::string_view name) {
         StartRecording(form, state, withCard, name);
         for (int i = 0; i < 15; ++i) Timer1_Timer(form, state, withCard);

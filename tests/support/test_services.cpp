@@ -8,10 +8,11 @@
 namespace vantrace {
 
 TestServices::TestServices(MachineFormat format)
-    : errorLog(clock, format, folder.appPath()), services{clock,    events,   settings,         speech,
-                                                          dialogs,  desktop,  displayMode,      process,
-                                                          capture,  pictures, textPainter,      printer,
-                                                          errorLog, windows,  std::move(format)} {}
+    : errorLog(clock, format, folder.appPath()), services{clock,   events,           settings,      speech,
+                                                          dialogs, desktop,          displayMode,   process,
+                                                          capture, pictures,         textPainter,   printer,
+                                                          fetcher, timeClient,       linePublisher, errorLog,
+                                                          windows, std::move(format)} {}
 
 std::vector<std::string> TestServices::logLines() const {
     const std::string text = folder.read("error.log");

@@ -8,6 +8,7 @@
 #include "core/services.h"
 #include "core/window_registry.h"
 #include "tests/support/fake_clock.h"
+#include "tests/support/fake_network.h"
 #include "tests/support/fake_pictures.h"
 #include "tests/support/fake_printer.h"
 #include "tests/support/fake_sound_capture.h"
@@ -42,6 +43,9 @@ struct TestServices {
     FakePictures pictures;
     FakeTextPainter textPainter;
     FakePrinter printer;
+    FakeFetcher fetcher;
+    FakeTimeClient timeClient;
+    FakeLinePublisher linePublisher;
     WindowRegistry windows;
     ErrorLog errorLog;
     /// What routines are handed.

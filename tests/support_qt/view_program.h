@@ -47,9 +47,11 @@ struct ViewProgram {
     WindowTestServices fakes;
     QtPictures pictures;
     QtTextPainter textPainter;
-    Services services{fakes.clock,   fakes.host,        fakes.settings, fakes.speech,  fakes.dialogs,
-                      fakes.desktop, fakes.displayMode, fakes.process,  fakes.capture, pictures,
-                      textPainter,   fakes.printer,     fakes.errorLog, fakes.windows, fakes.services.format};
+    Services services{
+        fakes.clock,    fakes.host,        fakes.settings,       fakes.speech,     fakes.dialogs,
+        fakes.desktop,  fakes.displayMode, fakes.process,        fakes.capture,    pictures,
+        textPainter,    fakes.printer,     fakes.fetcher,        fakes.timeClient, fakes.linePublisher,
+        fakes.errorLog, fakes.windows,     fakes.services.format};
     ProgramState state;
 };
 

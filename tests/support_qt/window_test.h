@@ -18,10 +18,11 @@ namespace vantrace {
 
 struct WindowTestServices : TestServices {
     WindowTestServices()
-        : host(windows, dialogs, errorLog), withHost{clock,    host,     settings,       speech,
-                                                     dialogs,  desktop,  displayMode,    process,
-                                                     capture,  pictures, textPainter,    printer,
-                                                     errorLog, windows,  services.format} {}
+        : host(windows, dialogs, errorLog), withHost{clock,   host,           settings,      speech,
+                                                     dialogs, desktop,        displayMode,   process,
+                                                     capture, pictures,       textPainter,   printer,
+                                                     fetcher, timeClient,     linePublisher, errorLog,
+                                                     windows, services.format} {}
     ~WindowTestServices() {
         windows.close();
         windows.releaseUnloaded();

@@ -106,10 +106,15 @@ class MoonlessPictures final : public Pictures {
 TEST_F(GroundTest, ASpriteThatIsMissingCostsItselfAlone) {
     MoonlessPictures pictures;
     const TestServices& all = fakes;
-    Services with{services.clock,    services.events,  services.settings,    services.speech,
-                  services.dialogs,  services.desktop, services.displayMode, services.process,
-                  services.capture,  pictures,         services.textPainter, services.printer,
-                  services.errorLog, services.windows, services.format};
+    Services with{services.clock,         services.events,
+                  services.settings,      services.speech,
+                  services.dialogs,       services.desktop,
+                  services.displayMode,   services.process,
+                  services.capture,       pictures,
+                  services.textPainter,   services.printer,
+                  services.fetcher,       services.timeClient,
+                  services.linePublisher, services.errorLog,
+                  services.windows,       services.format};
     loadSprites(surfaces, with, 2);
     EXPECT_EQ(all.logged(labels::mapFormLoad), 1);
     EXPECT_EQ(surfaces.MoonPic.width(), 0);

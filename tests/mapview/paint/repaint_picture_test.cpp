@@ -72,6 +72,9 @@ class MapPictureTest : public MapTest {
                 pictures,
                 text,
                 services.printer,
+                services.fetcher,
+                services.timeClient,
+                services.linePublisher,
                 services.errorLog,
                 services.windows,
                 services.format};
