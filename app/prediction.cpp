@@ -3,38 +3,21 @@
 #include <array>
 #include <charconv>
 #include <cstdint>
-#include <memory>
 #include <optional>
 
 #include "app/arguments.h"
 #include "app/output/calendar_text.h"
 #include "app/output/printable.h"
+#include "app/services_with.h"
 #include "core/date_time.h"
 #include "core/texts.h"
 #include "passes/report.h"
 #include "passes/sort_results.h"
+#include "passes/window_stand_in.h"
 
 namespace vantrace {
 
 namespace {
-
-/// Stands for the window, so that nobody looks for the next pass at each position.
-class WindowOnScreen final : public RegisteredWindow {
-  public:
-    void load() override {}
-    void show() override {}
-    void hide() override {}
-    bool isOnScreen() const override { return true; }
-};
-
-Services withSettings(const Services& services, SettingsStore& settings) {
-    return {services.clock,       services.events,      settings,
-            services.speech,      services.dialogs,     services.desktop,
-            services.displayMode, services.process,     services.capture,
-            services.pictures,    services.textPainter, services.printer,
-            services.fetcher,     services.timeClient,  services.linePublisher,
-            services.errorLog,    services.windows,     services.format};
-}
 
 CalendarDate today(const Clock& clock) {
     const ClockParts now = clock.read().local;
@@ -129,10 +112,10 @@ CalendarEvent eventOf(const ResultRow& row, const Clock& clock, const Site& site
 Prediction::Prediction(const CommandContext& context)
     : m_context(context),
       m_settings(context.program.services().settings),
-      m_services(withSettings(context.program.services(), m_settings)),
+      m_services(servicesWith(context.program.services(), context.program.services().clock, m_settings,
+                              context.program.services().errorLog)),
       m_output(outputOf(context)) {
-    m_services.windows.registerWindow("PassPrediction", [] { return std::make_unique<WindowOnScreen>(); });
-    m_services.windows.show("PassPrediction");
+    WindowStandIn::putUp(m_services.windows);
     m_form.Calendar = dateOf(context);
     m_form.CHvisOnly = context.line.has("visible-only");
 }

@@ -2,11 +2,9 @@
 // picture of 2048 by 1024 or 4096 by 2048; the mask that is blended is that of the day of the benchmarks.
 #include <benchmark/benchmark.h>
 
-#include <random>
-#include <vector>
-
 #include "bench/bench_elements.h"
 #include "bench/bench_services.h"
+#include "bench/bench_surfaces.h"
 #include "core/error_label.h"
 #include "core/labels.h"
 #include "core/program_state.h"
@@ -22,16 +20,6 @@
 
 namespace vantrace {
 namespace {
-
-constexpr int screenWidth = 1920;
-constexpr int screenHeight = 1080;
-
-Surface noise(int width, int height) {
-    std::mt19937 random(4);
-    std::vector<std::uint32_t> words(static_cast<std::size_t>(width) * static_cast<std::size_t>(height));
-    for (std::uint32_t& word : words) word = static_cast<std::uint32_t>(random());
-    return {width, height, words};
-}
 
 /// The map with so many favourites, its tables filled.
 struct BenchFrame : BenchServices {

@@ -2,8 +2,6 @@
 // it gives.
 #include <benchmark/benchmark.h>
 
-#include <memory>
-
 #include "bench/bench_elements.h"
 #include "bench/bench_services.h"
 #include "core/program_state.h"
@@ -11,23 +9,14 @@
 #include "passes/job_run.h"
 #include "passes/pass_prediction_form.h"
 #include "passes/sort_results.h"
+#include "passes/window_stand_in.h"
 
 namespace vantrace {
 namespace {
 
-/// While the window is on screen no next pass is looked for at each position.
-class WindowOnScreen final : public RegisteredWindow {
-  public:
-    void load() override {}
-    void show() override {}
-    void hide() override {}
-    bool isOnScreen() const override { return true; }
-};
-
 struct Job {
     Job() {
-        bench.windows.registerWindow("PassPrediction", [] { return std::make_unique<WindowOnScreen>(); });
-        bench.windows.show("PassPrediction");
+        WindowStandIn::putUp(bench.windows);
         program.OrbitEngine = shippedEngine();
         program.MainTag = "passprediction";
         form.Calendar = {22, 8, 2026};

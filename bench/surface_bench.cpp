@@ -4,23 +4,13 @@
 
 #include <chrono>
 #include <cstring>
-#include <random>
 #include <vector>
 
+#include "bench/bench_surfaces.h"
 #include "platform/surface.h"
 
 namespace vantrace {
 namespace {
-
-constexpr int screenWidth = 1920;
-constexpr int screenHeight = 1080;
-
-Surface noise(int width, int height) {
-    std::mt19937 random(4);
-    std::vector<std::uint32_t> words(static_cast<std::size_t>(width) * static_cast<std::size_t>(height));
-    for (std::uint32_t& word : words) word = static_cast<std::uint32_t>(random());
-    return {width, height, words};
-}
 
 /// The day side of a map, as the shade has it: white within a slanting curve, black elsewhere.
 Surface mask() {

@@ -1,6 +1,7 @@
 #include "app/pictures/still_program.h"
 
 #include "app/arguments.h"
+#include "app/services_with.h"
 #include "core/config.h"
 #include "core/numbers.h"
 #include "orbit/engine_error.h"
@@ -22,28 +23,6 @@ std::shared_ptr<OrbitEngine> engineAt(const FixedClock& clock, const std::string
     return {holder, &holder->engine};
 }
 
-Services withClockAndSettings(const Services& services, Clock& clock, SettingsStore& settings,
-                              ErrorLog& errorLog) {
-    return {clock,
-            services.events,
-            settings,
-            services.speech,
-            services.dialogs,
-            services.desktop,
-            services.displayMode,
-            services.process,
-            services.capture,
-            services.pictures,
-            services.textPainter,
-            services.printer,
-            services.fetcher,
-            services.timeClient,
-            services.linePublisher,
-            errorLog,
-            services.windows,
-            services.format};
-}
-
 }  // namespace
 
 StillProgram::StillProgram(const CommandContext& context, const Instant& time, const std::string& tag)
@@ -52,7 +31,7 @@ StillProgram::StillProgram(const CommandContext& context, const Instant& time, c
       m_settings(context.program.services().settings),
       m_clock(readingAt(time)),
       m_errorLog(m_clock, context.program.services().format),
-      m_services(withClockAndSettings(context.program.services(), m_clock, m_settings, m_errorLog)) {
+      m_services(servicesWith(context.program.services(), m_clock, m_settings, m_errorLog)) {
     m_settings.set(settings::recPrimary.key, "0");
     m_settings.set(settings::recWxsat.key, "0");
     const std::optional<std::string> site = context.line.value("site");

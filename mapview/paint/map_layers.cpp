@@ -150,13 +150,18 @@ void paintLocations(const MapFrame& frame) {
     }
 }
 
-void paintSun(const MapFrame& frame) {
-    constexpr int size = 30;
+/// A square sprite, centred on a place.
+void paintBody(const MapFrame& frame, double latitude, double longitude, int size, const Surface& mask,
+               const Surface& picture) {
     frame.label.step([&] {
-        const Place place = mapPlace(frame, frame.map.SunLatitude, frame.map.SunLongitude);
-        paintSprite(frame.surfaces.Final, {place.x - size / 2, place.y - size / 2}, size,
-                    frame.surfaces.SunMask, frame.surfaces.SunPic);
+        const Place place = mapPlace(frame, latitude, longitude);
+        paintSprite(frame.surfaces.Final, {place.x - size / 2, place.y - size / 2}, size, mask, picture);
     });
+}
+
+void paintSun(const MapFrame& frame) {
+    paintBody(frame, frame.map.SunLatitude, frame.map.SunLongitude, 30, frame.surfaces.SunMask,
+              frame.surfaces.SunPic);
 }
 
 void paintShade(const MapFrame& frame) {
@@ -166,12 +171,8 @@ void paintShade(const MapFrame& frame) {
 }
 
 void paintMoon(const MapFrame& frame) {
-    constexpr int size = 20;
-    frame.label.step([&] {
-        const Place place = mapPlace(frame, frame.map.MoonLatitude, frame.map.MoonLongitude);
-        paintSprite(frame.surfaces.Final, {place.x - size / 2, place.y - size / 2}, size,
-                    frame.surfaces.MoonMask, frame.surfaces.MoonPic);
-    });
+    paintBody(frame, frame.map.MoonLatitude, frame.map.MoonLongitude, 20, frame.surfaces.MoonMask,
+              frame.surfaces.MoonPic);
 }
 
 void paintStatusLine(const MapFrame& frame) {
