@@ -103,7 +103,7 @@ void BUTsortChron_Click(PassPredictionForm& form, ProgramState& state, Services&
         for (std::size_t j = 2; j <= count; ++j) {
             keys.putInOrder(j);
             form.PROsorting.value = i;
-            services.events.yield();
+            services.events.yieldOften();
             if (userHasLeft(state)) return;
         }
     }

@@ -10,6 +10,9 @@ class EventQueue {
     /// Serves the events that are waiting, then comes back. Any handler of the program can run inside; what a
     /// handler throws doesn't come out here.
     virtual void yield() = 0;
+    /// For a loop that yields at each of a million short steps: as above, but where the last yield ended less
+    /// than a millisecond ago the events may wait for a later one.
+    virtual void yieldOften() { yield(); }
 };
 
 /// For programs without windows: nobody waits for events.

@@ -41,6 +41,11 @@ void WindowHost::yield() {
     m_registry.beforeYield();
     QCoreApplication::processEvents();
     m_registry.afterYield();
+    m_lastYield = std::chrono::steady_clock::now();
+}
+
+void WindowHost::yieldOften() {
+    if (std::chrono::steady_clock::now() - m_lastYield >= std::chrono::milliseconds(1)) yield();
 }
 
 void WindowHost::tell(std::string_view window, std::string_view description, bool isTick) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QObject>
+#include <chrono>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -27,6 +28,7 @@ class WindowHost final : public QObject, public EventQueue {
 
     /// Shows what the windows hold, serves the waiting events, and takes up what the user did.
     void yield() override;
+    void yieldOften() override;
 
     WindowRegistry& registry() { return m_registry; }
 
@@ -39,6 +41,7 @@ class WindowHost final : public QObject, public EventQueue {
     Dialogs& m_dialogs;
     ErrorLog& m_errorLog;
     int m_running = 0;
+    std::chrono::steady_clock::time_point m_lastYield;
     /// The failure of a tick that the user was told last.
     std::string m_toldOfTick;
 };
