@@ -12,9 +12,9 @@ namespace vantrace {
 namespace {
 
 std::vector<Command> allCommands() {
-    return {trackCommand(),   stateCommand(),      passesCommand(), listCommand(),
-            checkCommand(),   favouritesCommand(), todayCommand(),  mapCommand(),
-            horizonCommand(), predictCommand(),    jobCommand()};
+    return {trackCommand(),      stateCommand(),  passesCommand(), listCommand(), checkCommand(),
+            favouritesCommand(), flaresCommand(), todayCommand(),  mapCommand(),  horizonCommand(),
+            predictCommand(),    jobCommand(),    convertCommand()};
 }
 
 ProgramSyntax programSyntax(const std::vector<Command>& commands) {

@@ -42,11 +42,13 @@ Command passesCommand();
 Command listCommand();
 Command checkCommand();
 Command favouritesCommand();
+Command flaresCommand();
 Command todayCommand();
 Command mapCommand();
 Command horizonCommand();
 Command predictCommand();
 Command jobCommand();
+Command convertCommand();
 
 /// An argument as a trimmed name that the engine knows, a sky body's where that is allowed. Throws UserError
 /// for one it doesn't, with names that are like it.

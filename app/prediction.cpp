@@ -98,7 +98,9 @@ CalendarEvent eventOf(const ResultRow& row, const Clock& clock, const Site& site
     const std::string name = printable(trimmed(row[ResultColumn::Satellite]));
     const std::string place = placeText(site);
     event.uid = isoText(event.start, 0) + "-" + fingerprint(name + "\n" + place) + "@vantrace";
-    event.summary = name + ", up to " + row[ResultColumn::MaxElevation].substr(0, 2) + " degrees";
+    std::string_view elevation = std::string_view(row[ResultColumn::MaxElevation]).substr(0, 2);
+    if (elevation.starts_with('0')) elevation.remove_prefix(1);
+    event.summary = name + ", up to " + std::string(elevation) + " degrees";
     for (std::size_t i = 1; i < resultColumns; ++i) {
         if (i > 1) event.description += '\n';
         event.description += std::string(resultHeadings.at(i)) + ": " + std::string(trimmed(row.texts.at(i)));
@@ -124,6 +126,7 @@ std::vector<OptionSyntax> Prediction::options() {
     return {
         {"date", "YYYY-MM-DD", "the local day on which the passes end, the first one of a job (else: today)"},
         {"visible-only", "", "leaves out what can't be seen with the naked eye"},
+        {"format", "FORMAT", "text (the report), csv, json, or ics (a calendar)"},
         {"sort", "", "puts the passes in the order of their times, January before December"}};
 }
 

@@ -17,7 +17,7 @@ struct Hosts {
     /// In front of a playlist's query.
     std::string videoPlaylists = "https://video.vantrace.example/";
     /// In front of the words that are looked for.
-    std::string searchPage = "https://duckduckgo.com/?q=";
+    std::string searchPage = "https://www.google.com/search?hl=en&q=";
     /// A mail address, without "mailto:".
     std::string maintainer = "maintainer@vantrace.example";
     /// Names of hosts, each with ":port" if need be.

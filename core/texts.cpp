@@ -16,6 +16,10 @@ constexpr char upper(char sign) {
     return sign >= 'a' && sign <= 'z' ? static_cast<char>(sign - 'a' + 'A') : sign;
 }
 
+bool startsCharacter(char byte) {
+    return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U;
+}
+
 }  // namespace
 
 std::string GetDelimitedWord(std::string_view text, int n, std::string_view delimiter) {
@@ -46,6 +50,16 @@ std::string TimeText(int hour, int minute, int second) {
     const long long time = total < 0 ? total + secondsPerDay : total;
     const auto twoDigits = [](long long part) { return formatNumber(static_cast<double>(part), "00"); };
     return twoDigits(time / 3600) + ":" + twoDigits(time / 60 % 60) + ":" + twoDigits(time % 60);
+}
+
+std::string FixedWidth(std::string_view Text, std::size_t Width) {
+    std::size_t characters = 0;
+    for (std::size_t i = 0; i < Text.size(); ++i) {
+        if (!startsCharacter(Text[i])) continue;
+        if (characters == Width) return std::string(Text.substr(0, i));
+        ++characters;
+    }
+    return std::string(Text) + std::string(Width - characters, ' ');
 }
 
 std::string_view trimmed(std::string_view text) {

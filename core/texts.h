@@ -1,6 +1,7 @@
 // Small work on texts. Columns and words are counted from 1; letters are A to Z.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -19,6 +20,9 @@ std::string MonthDayText(int day, int month);
 
 /// "hh:mm:ss". Parts beyond their ranges are carried, and whole days dropped.
 std::string TimeText(int hour, int minute, int second);
+
+/// The text cut or filled up with blanks to so many characters of UTF-8.
+std::string FixedWidth(std::string_view Text, std::size_t Width);
 
 /// Without the blanks at both ends. A view into the text.
 std::string_view trimmed(std::string_view text);

@@ -63,9 +63,14 @@ void rewriteJobs(const ProgramState& state, std::string_view text) {
         replaceFile(file, text);
         return;
     }
+    // What lies there under the name is replaced, and not what it may point to.
+    std::filesystem::remove(scratch, error);
     replaceFile(scratch, text, status.st_mode & mode_t{0777});
     std::filesystem::rename(scratch, file, error);
-    if (!error) return;
+    if (!error) {
+        flushFolderOf(file);
+        return;
+    }
     std::error_code ignored;
     std::filesystem::remove(scratch, ignored);
     throw FileError(file, error.message());

@@ -42,8 +42,9 @@ bool isSatelliteLine(std::string_view line);
 /// The trimmed names of the jobs in a text of pass.dat, up to its first blank line.
 std::vector<std::string> jobNames(std::string_view text);
 
-/// The first job whose name line is the name exactly, with all ";" taken out of its satellites. Nothing where
-/// there is none.
+/// The job behind the first line that is the name exactly, with all ";" taken out of its satellites. Nothing
+/// where there is none. Any line counts, so a job named "1" is found in the days or the flags of one before
+/// it.
 std::optional<JobToEdit> jobToEdit(std::string_view text, std::string_view name);
 
 /// Puts a job behind the others: `name` and `days` are trimmed, `flags` written as they stand. Throws
@@ -51,9 +52,9 @@ std::optional<JobToEdit> jobToEdit(std::string_view text, std::string_view name)
 /// jobs in it, with the new one or without.
 void appendJob(const ProgramState& state, const JobToEdit& job);
 
-/// Rewrites pass.dat, by way of pass.new, without the first job whose name line is the name exactly, and
-/// without the blank lines behind it. Throws FileError, also where there is no such job; then the file is as
-/// it was. At every instant pass.dat has all other jobs.
+/// Rewrites pass.dat, by way of pass.new, without the first line that is the name exactly (see jobToEdit) and
+/// the job behind it, and without the blank lines that follow. Throws FileError, also where there is no such
+/// job; then the file is as it was. At every instant pass.dat has all other jobs.
 void removeJob(const ProgramState& state, std::string_view name);
 
 }  // namespace vantrace

@@ -29,7 +29,8 @@ struct JobToRun {
     bool isPrinted = false;
 };
 
-/// The first job whose trimmed name line is the name. What can't be read is left as it is made.
+/// The job behind the first line that is the name, once trimmed; any line counts. What can't be read is left
+/// as it is made.
 JobToRun jobToRun(std::string_view text, std::string_view name, char decimalMark, const Guard& guard);
 
 /// The day as a job counts on: past the end of its month it is the first of the next one. February has 28

@@ -18,9 +18,17 @@ namespace vantrace {
 
 namespace {
 
+/// A fresh wizard. False where it holds a job that the user doesn't give up; he sees that one, then.
+bool openWizard(Services& services) {
+    services.windows.unload("PassWizard");
+    const bool isFresh = !services.windows.isLoaded("PassWizard");
+    services.windows.show("PassWizard");
+    return isFresh;
+}
+
 void edit(PassPredictionForm& form, ProgramState& state, Services& services) {
     const std::string name = form.ListPresets.selectedText();
-    services.windows.show("PassWizard");
+    if (!openWizard(services)) return;
     if (!FileExists(dataFile(state, jobsFile))) {
         services.dialogs.message("Can't file PASS.DAT in your Vantrace folder");
         return;

@@ -38,7 +38,7 @@ class PassPredictionWindow {
 class PassWizardWindow {
   public:
     virtual ~PassWizardWindow() = default;
-    /// Puts a job into the window, beside what it holds.
+    /// Puts a job into the window, which is fresh.
     virtual void showJob(const JobToEdit& job) = 0;
 };
 

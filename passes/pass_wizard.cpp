@@ -20,6 +20,11 @@ PassPredictionWindow* passPrediction(Services& services) {
     return dynamic_cast<PassPredictionWindow*>(services.windows.refer("PassPrediction"));
 }
 
+bool mayBeLost(Services& services) {
+    return services.dialogs.question("You will loose the information for this job, Are you sure ?",
+                                     "Cancel Job");
+}
+
 /// What is missing from a job; empty where nothing is.
 std::string_view missingFrom(const PassWizardForm& form) {
     if (trimmed(form.Tname).empty()) return "you must choose a job name";
@@ -44,9 +49,8 @@ void showJob(PassWizardForm& form, const JobToEdit& job) {
     form.Tname = job.name;
     for (const std::string& satellite : job.satellites) form.SatList.add(satellite);
     if (job.days) form.Tnumofdays = *job.days;
-    // A tick that is there stays.
-    form.CHsave = form.CHsave || job.isSaved;
-    form.CHprint = form.CHprint || job.isPrinted;
+    form.CHsave = job.isSaved;
+    form.CHprint = job.isPrinted;
 }
 
 void COMgroup_Click(PassWizardForm& form, ProgramState& state, Services& services) {
@@ -86,14 +90,20 @@ void BUTSaveJob_Click(PassWizardForm& form, ProgramState& state, Services& servi
     label.quietStep([&] {
         appendJob(state, {form.Tname, form.SatList.list, form.Tnumofdays, form.CHsave, form.CHprint, true});
         if (PassPredictionWindow* const parent = passPrediction(services)) parent->addPreset(form.Tname);
+        form.isSettled = true;
         services.windows.unload("PassWizard");
     });
 }
 
-void BUTcancel_Click(PassWizardForm& /*form*/, Services& services) {
-    const bool isSure = services.dialogs.question(
-        "You will loose the information for this job, Are you sure ?", "Cancel Job");
-    if (isSure) services.windows.unload("PassWizard");
+bool Form_QueryUnload(const PassWizardForm& form, Services& services) {
+    const bool isEmpty = form.Tname.empty() && form.Tnumofdays.empty() && form.SatList.list.empty();
+    return form.isSettled || isEmpty || mayBeLost(services);
+}
+
+void BUTcancel_Click(PassWizardForm& form, Services& services) {
+    if (!mayBeLost(services)) return;
+    form.isSettled = true;
+    services.windows.unload("PassWizard");
 }
 
 }  // namespace vantrace

@@ -27,13 +27,15 @@ struct PassWizardForm {
     DropDown COMsatname{"Select a Satellite", {}};
     /// Where it opens; without one it is the window system's choice.
     std::optional<WindowCorner> corner;
+    /// Whether the user has saved the job or given it up; the window goes without a question then.
+    bool isSettled = false;
     Skin skin;
 };
 
 /// A little to the right of `PassPrediction` and below its corner.
 void Form_Load(PassWizardForm& form, ProgramState& state, Services& services);
 
-/// Puts a job into the form, its satellites behind those that are there.
+/// Puts a job into the form.
 void showJob(PassWizardForm& form, const JobToEdit& job);
 
 /// A group was chosen: its satellites come into `COMsatname`.
@@ -44,6 +46,8 @@ void BUTremove_Click(PassWizardForm& form, Services& services);
 /// unloads the window. Neither the days nor the name are looked at. A file that can't be written ends it
 /// quietly: the window stays, with the job in it.
 void BUTSaveJob_Click(PassWizardForm& form, ProgramState& state, Services& services);
+/// However the window goes, a job that is in it alone is lost only where the user agrees.
+bool Form_QueryUnload(const PassWizardForm& form, Services& services);
 /// Asks, then unloads the window; the job in it is lost.
 void BUTcancel_Click(PassWizardForm& form, Services& services);
 

@@ -1,7 +1,6 @@
 // The report of the results: a credit line, a heading, and a line of fixed columns for each row.
 #pragma once
 
-#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -13,9 +12,6 @@ namespace vantrace {
 struct ProgramState;
 
 enum class ReportUse { saved, printed };
-
-/// The text cut or filled up with blanks to so many characters of UTF-8.
-std::string FixedWidth(std::string_view Text, std::size_t Width);
 
 /// Puts a text at the end of the report.
 void PrintResults(RichText& Printed, std::string_view Text, bool Bold, Colour colour);

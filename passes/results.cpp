@@ -5,6 +5,7 @@
 
 #include "catalogue/data_files.h"
 #include "core/error_label.h"
+#include "core/print_document.h"
 #include "core/program_state.h"
 #include "core/services.h"
 #include "passes/pass_prediction_form.h"
@@ -17,14 +18,6 @@ namespace {
 
 constexpr const char* usualFile = "Vantrace.txt";
 constexpr const char* printTitle = "Print Vantrace Pass Predictions";
-
-PrintDocument documentOf(const RichText& text) {
-    PrintDocument document{"Vantrace Pass Predictions", "Lucida Console", {}};
-    for (const RichText::Part& part : text.parts) {
-        document.parts.push_back({part.colour, part.isBold, part.text});
-    }
-    return document;
-}
 
 }  // namespace
 
@@ -46,7 +39,9 @@ void BUTprint_Click(PassPredictionForm& form, ProgramState& state, Services& ser
     // Quiet steps only: nothing is logged under a name.
     ErrorLabel label(services, {});
     label.quietStep([&] { composeReport(form.Printed, form.LISTpasses, ReportUse::printed, state); });
-    label.quietStep([&] { services.printer.print(printTitle, documentOf(form.Printed)); });
+    label.quietStep([&] {
+        services.printer.print(printTitle, printDocument("Vantrace Pass Predictions", form.Printed));
+    });
 }
 
 }  // namespace vantrace

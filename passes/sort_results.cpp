@@ -39,17 +39,19 @@ int monthOf(std::string_view date) {
     failAt(date);
 }
 
-double keyOf(const ResultRow& row, int year) {
+/// Seconds of a year whose months all have room for any day: the rows have no year, and all count as the
+/// present one, in which there may be no 29 February.
+int keyOf(const ResultRow& row) {
     const std::string& date = row[ResultColumn::Date];
     const std::string& time = row[ResultColumn::Time];
-    return packDateTime({year, monthOf(date), twoDigits(date, 0), twoDigits(time, 0), twoDigits(time, 3),
-                         twoDigits(time, 6)});
+    const int days = monthOf(date) * 100 + twoDigits(date, 0);
+    return ((days * 24 + twoDigits(time, 0)) * 60 + twoDigits(time, 3)) * 60 + twoDigits(time, 6);
 }
 
 /// The keys of the rows. What others did to the rows in a yield is taken up.
 class Keys {
   public:
-    Keys(ResultList& list, const Clock& clock) : m_list(list), m_year(clock.read().local.year) { read(); }
+    explicit Keys(ResultList& list) : m_list(list) { read(); }
 
     /// Puts row `second`, counted from 1, in front of the one before it where it is the earlier one. Rows
     /// that aren't there any more are in order.
@@ -64,13 +66,12 @@ class Keys {
   private:
     void read() {
         m_keys.clear();
-        for (const ResultRow& row : m_list.rows()) m_keys.push_back(keyOf(row, m_year));
+        for (const ResultRow& row : m_list.rows()) m_keys.push_back(keyOf(row));
         m_changes = m_list.changes();
     }
 
     ResultList& m_list;
-    int m_year;
-    std::vector<double> m_keys;
+    std::vector<int> m_keys;
     unsigned m_changes = 0;
 };
 
@@ -98,7 +99,7 @@ void BUTsortChron_Click(PassPredictionForm& form, ProgramState& state, Services&
     const Hidden hidden(form.LISTpasses);
     services.events.yield();
     if (userHasLeft(state)) return;
-    Keys keys(form.LISTpasses, services.clock);
+    Keys keys(form.LISTpasses);
     for (std::size_t i = 1; i <= count; ++i) {
         for (std::size_t j = 2; j <= count; ++j) {
             keys.putInOrder(j);

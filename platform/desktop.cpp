@@ -44,8 +44,16 @@ void NoDesktop::openTextFile(const std::filesystem::path& file) {
     throw DesktopError("there is no desktop to open " + file.string());
 }
 
+void NoDesktop::startProgram(const std::filesystem::path& program) {
+    throw DesktopError("there is no desktop to start " + program.string());
+}
+
 void NoDesktop::startSystemInformation() {
     throw DesktopError("there is no desktop to open system information");
+}
+
+void NoDesktop::startTimeSettings() {
+    throw DesktopError("there is no desktop to open time settings");
 }
 
 }  // namespace vantrace

@@ -25,9 +25,13 @@ class Desktop {
     virtual void openAddress(std::string_view address) = 0;
     /// Opens a text file of the program in the user's text editor. It must be a regular file.
     virtual void openTextFile(const std::filesystem::path& file) = 0;
+    /// Starts a program that stays in the background: it gets no arguments and no window of ours.
+    virtual void startProgram(const std::filesystem::path& program) = 0;
     /// Whether the desktop has a tool that tells about the system. Doesn't fail.
     virtual bool hasSystemInformation() const = 0;
     virtual void startSystemInformation() = 0;
+    /// The desktop's settings of date, time and time zone.
+    virtual void startTimeSettings() = 0;
 };
 
 /// For programs without windows: there is no desktop.
@@ -35,8 +39,10 @@ class NoDesktop final : public Desktop {
   public:
     void openAddress(std::string_view address) override;
     void openTextFile(const std::filesystem::path& file) override;
+    void startProgram(const std::filesystem::path& program) override;
     bool hasSystemInformation() const override { return false; }
     void startSystemInformation() override;
+    void startTimeSettings() override;
 };
 
 /// Whether an address is one of those that are opened: http://, https:// or mailto: in any case, something

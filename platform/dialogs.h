@@ -24,7 +24,7 @@ class Dialogs {
   public:
     virtual ~Dialogs() = default;
 
-    /// Shows a text and waits for OK.
+    /// Shows a text, or as much of its start as fits, and waits for OK.
     virtual void message(std::string_view text, std::string_view title = {}) = 0;
     /// Yes or No. Closing the question is No.
     virtual bool question(std::string_view text, std::string_view title = {}) = 0;

@@ -15,8 +15,9 @@ struct FetchError {
     std::int16_t code = 0;
 };
 
-/// Each operation returns when the file has been written whole or the fetch has failed; a failed one leaves
-/// the file as it was. While one runs windows are painted, but nothing else happens in them. Nothing throws.
+/// Each operation returns when the file has been written whole, when the server has said that the file is up
+/// to date as it is, or when the fetch has failed; a failed one leaves the file as it was. While one runs
+/// windows are painted, but nothing else happens in them. Nothing throws.
 class Fetcher {
   public:
     virtual ~Fetcher() = default;

@@ -70,15 +70,13 @@ std::filesystem::path behindLinks(std::filesystem::path path) {
     return path;
 }
 
-/// A rename lasts through a power failure only when the folder has been flushed too. Some file systems can't;
-/// the file is whole all the same.
-void flushFolder(const std::filesystem::path& target) {
-    const std::filesystem::path folder = target.has_parent_path() ? target.parent_path() : ".";
+}  // namespace
+
+void flushFolderOf(const std::filesystem::path& file) {
+    const std::filesystem::path folder = file.has_parent_path() ? file.parent_path() : ".";
     const FileDescriptor descriptor(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (descriptor.isOpen()) fsync(descriptor.get());
 }
-
-}  // namespace
 
 void replaceFile(const std::filesystem::path& path, std::string_view content, std::optional<mode_t> mode) {
     const std::filesystem::path target = behindLinks(path);
@@ -102,7 +100,7 @@ void replaceFile(const std::filesystem::path& path, std::string_view content, st
         !file.close() || !scratch.renameTo(target)) {
         throw FileError(target, reasonOf(errno));
     }
-    flushFolder(target);
+    flushFolderOf(target);
 }
 
 }  // namespace vantrace

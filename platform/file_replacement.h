@@ -19,4 +19,8 @@ namespace vantrace {
 void replaceFile(const std::filesystem::path& path, std::string_view content,
                  std::optional<mode_t> mode = std::nullopt);
 
+/// A rename lasts through a power failure only when the folder has been flushed too. Some file systems can't;
+/// the file is whole all the same.
+void flushFolderOf(const std::filesystem::path& file);
+
 }  // namespace vantrace

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdio>
+#include <set>
 
 #include "app/program_name.h"
 
@@ -37,7 +38,8 @@ void addEvent(std::string& text, const CalendarEvent& event, const std::string& 
     text += foldedLine("UID:" + escaped(event.uid));
     text += foldedLine("DTSTAMP:" + stamp);
     text += foldedLine("DTSTART:" + timeText(event.start));
-    text += foldedLine("DTEND:" + timeText(event.end));
+    const std::string end = timeText(event.end);
+    if (end != timeText(event.start)) text += foldedLine("DTEND:" + end);
     text += foldedLine("SUMMARY:" + escaped(event.summary));
     if (!event.description.empty()) text += foldedLine("DESCRIPTION:" + escaped(event.description));
     if (!event.location.empty()) text += foldedLine("LOCATION:" + escaped(event.location));
@@ -74,7 +76,10 @@ std::string calendarText(const std::vector<CalendarEvent>& events, const Instant
     text += foldedLine("PRODID:-//Vantrace//" + std::string(programName) + "//EN");
     text += foldedLine("CALSCALE:GREGORIAN");
     text += foldedLine("METHOD:PUBLISH");
-    for (const CalendarEvent& event : events) addEvent(text, event, timeText(stamp));
+    std::set<std::string_view> written;
+    for (const CalendarEvent& event : events) {
+        if (written.insert(event.uid).second) addEvent(text, event, timeText(stamp));
+    }
     return text + foldedLine("END:VCALENDAR");
 }
 

@@ -10,9 +10,10 @@
 namespace vantrace {
 
 struct CalendarEvent {
-    /// The same for the same event, whenever it is written.
+    /// The same whenever the same event is written. Of events with one identifier the first is written.
     std::string uid;
     Instant start;
+    /// An event that ends with its start has no end.
     Instant end;
     /// Printable; line feeds stand for line ends.
     std::string summary;

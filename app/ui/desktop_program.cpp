@@ -5,17 +5,11 @@
 #include <memory>
 #include <system_error>
 
-#include "core/shell/ui/information_windows.h"
-#include "core/shell/ui/main_window.h"
-#include "core/shell/ui/tabular_window.h"
-#include "horizon/ui/horizon_window.h"
-#include "mapview/ui/world_view_window.h"
-#include "passes/ui/pass_prediction_window.h"
-#include "passes/ui/pass_wizard_window.h"
+#include "app/ui/all_windows.h"
+#include "core/version.h"
 #include "platform/program_folder.h"
 #include "platform/user_environment.h"
 #include "platform/working_folder.h"
-#include "station/ui/record_window.h"
 
 namespace vantrace {
 
@@ -29,11 +23,22 @@ std::vector<std::string> restartArguments(const DesktopArguments& arguments) {
     return {"--data", error ? *arguments.dataFolder : folder.string()};
 }
 
+/// What the program calls itself towards servers.
+std::string userAgent() {
+    return "Vantrace/" + std::to_string(versionMajor) + "." + std::to_string(versionMinor) + "." +
+           std::to_string(versionRevision);
+}
+
 }  // namespace
 
 DesktopProgram::DesktopProgram(const DesktopArguments& arguments)
     : m_settings(settingsPath(userEnvironment())),
       m_process(executablePath(), restartArguments(arguments)),
+      m_http(userAgent()),
+      m_fetcher(m_http, m_clock, m_state,
+                [this](std::string_view text) { m_errorLog.append(text, "element server"); }),
+      m_timeClient(m_clock),
+      m_linePublisher(usualLinePlaces()),
       m_format(machineFormatFromEnvironment()),
       m_errorLog(m_clock, m_format),
       m_host(m_windows, m_dialogs, m_errorLog),
@@ -45,7 +50,7 @@ DesktopProgram::DesktopProgram(const DesktopArguments& arguments)
     m_errorLog.setFolder(m_state.AppPath);
     // Recordings land in the current directory.
     leaveUnwritableFolder(m_state.AppPath);
-    registerWindows();
+    registerAllWindows(m_host, m_map, m_state, m_services);
     // Another copy of the program may have written the settings.
     QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, &m_host,
                      [this] { m_settings.refresh(); });
@@ -58,24 +63,6 @@ DesktopProgram::~DesktopProgram() {
 
 void DesktopProgram::start() {
     m_host.handle("Vantrace", [this] { m_windows.show("frmSplash"); });
-}
-
-void DesktopProgram::registerWindows() {
-    m_windows.registerWindow("frmSplash", [this] { return std::make_unique<frmSplash>(m_host, m_services); });
-    m_windows.registerWindow("Main", [this] { return std::make_unique<Main>(m_host, m_state, m_services); });
-    m_windows.registerWindow("Tabular",
-                             [this] { return std::make_unique<Tabular>(m_host, m_state, m_services); });
-    m_windows.registerWindow("Record",
-                             [this] { return std::make_unique<Record>(m_host, m_state, m_services); });
-    m_windows.registerWindow(
-        "WorldView", [this] { return std::make_unique<WorldView>(m_host, m_map, m_state, m_services); });
-    m_windows.registerWindow(
-        "PassPrediction", [this] { return std::make_unique<PassPrediction>(m_host, m_state, m_services); });
-    m_windows.registerWindow("PassWizard",
-                             [this] { return std::make_unique<PassWizard>(m_host, m_state, m_services); });
-    m_windows.registerWindow("Horizon",
-                             [this] { return std::make_unique<Horizon>(m_host, m_state, m_services); });
-    m_windows.registerWindow("About", [this] { return std::make_unique<About>(m_host, m_services); });
 }
 
 }  // namespace vantrace

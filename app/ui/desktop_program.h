@@ -9,15 +9,19 @@
 #include "core/program_state.h"
 #include "core/services.h"
 #include "core/ui/window_host.h"
+#include "internet/element_server/http_fetcher.h"
 #include "mapview/map_state.h"
 #include "platform/file_settings_store.h"
 #include "platform/qt/qt_desktop.h"
 #include "platform/qt/qt_dialogs.h"
+#include "platform/qt/qt_http_client.h"
+#include "platform/qt/qt_line_publisher.h"
 #include "platform/qt/qt_pictures.h"
 #include "platform/qt/qt_printer.h"
 #include "platform/qt/qt_sound_capture.h"
 #include "platform/qt/qt_speech.h"
 #include "platform/qt/qt_text_painter.h"
+#include "platform/qt/qt_time_client.h"
 #include "platform/system_clock.h"
 
 namespace vantrace {
@@ -42,8 +46,6 @@ class DesktopProgram {
     void start();
 
   private:
-    void registerWindows();
-
     SystemClock m_clock;
     FileSettingsStore m_settings;
     QtSpeech m_speech;
@@ -55,9 +57,10 @@ class DesktopProgram {
     QtPictures m_pictures;
     QtTextPainter m_textPainter;
     QtPrinter m_printer;
-    NoFetcher m_fetcher;
-    NoTimeClient m_timeClient;
-    NoLinePublisher m_linePublisher;
+    QtHttpClient m_http;
+    HttpFetcher m_fetcher;
+    QtTimeClient m_timeClient;
+    QtLinePublisher m_linePublisher;
     MachineFormat m_format;
     ErrorLog m_errorLog;
     WindowRegistry m_windows;

@@ -23,6 +23,8 @@ struct MainForm {
     std::string LABdatetime;
     TimerState Timer1{1000, true};
     Skin skin;
+    /// Nobody has ever told the program where it is; the settings open once, so that he can.
+    bool isPlaceUnknown = false;
     /// Whether the log has the line that this platform doesn't switch display modes.
     bool isMissingModeSwitchTold = false;
 };

@@ -10,6 +10,7 @@
 #include "core/hosts.h"
 #include "core/program_state.h"
 #include "core/services.h"
+#include "core/shell/start_up.h"
 #include "core/shell/view_dispatch.h"
 
 namespace vantrace {
@@ -109,6 +110,7 @@ void MaboutSP_Click(const ProgramState& state, Services& services) {
 }
 
 void BUTexit_Click(ProgramState& state, Services& services) {
+    if (!mayEnd(services)) return;
     services.capture.closeAll();
     services.windows.unload("frmTracker");
     state.MainTag = "exit";

@@ -149,6 +149,8 @@ void Form_Load(MainForm& form, ProgramState& state, Services& services) {
     label.step([&] { engineOf(state).EngineSetKepPath(state.AppPath); });
 
     if (!checkDataFiles(state, services, label)) return;
+    // Before the first read, which stores the default.
+    form.isPlaceUnknown = !services.settings.get(settings::locationName.key);
     LoadAllSettings(state, services);
     form.Caption = "Vantrace v" + versionText();
     form.Label2 = "v" + versionText();
@@ -182,6 +184,15 @@ void Timer1_Timer(MainForm& form, Services& services) {
         form.LABdatetime = "UTC: " + TimeText(now.utc.hour, now.utc.minute, now.utc.second) +
                            " - Local: " + TimeText(now.local.hour, now.local.minute, now.local.second);
     });
+}
+
+bool mayEnd(Services& services) {
+    for (const char* const editor :
+         {"PassWizard", "frmCONmain", "frmCONGroups", "frmCONlocations", "frmCONUpdates"}) {
+        services.windows.unload(editor);
+        if (services.windows.isLoaded(editor)) return false;
+    }
+    return true;
 }
 
 void Form_QueryUnload(MainForm& form, Services& services) {

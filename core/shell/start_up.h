@@ -26,6 +26,9 @@ void LoadAllSettings(ProgramState& state, Services& services);
 /// One tick: the clock label.
 void Timer1_Timer(MainForm& form, Services& services);
 
+/// Whether the program may end: what is being edited is stored as its window closes, or lost. A window that
+/// stays keeps the program: a prediction job that the user doesn't give up, a place that can't be.
+bool mayEnd(Services& services);
 void Form_QueryUnload(MainForm& form, Services& services);
 /// Releases the engine and the windows; the program ends with this.
 void Form_Unload(MainForm& form, ProgramState& state, Services& services);

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <string>
+#include <utility>
 
 #include "catalogue/element_files.h"
 #include "core/config.h"
@@ -91,6 +92,11 @@ void Form_Activate(MainForm& form, ProgramState& state, Services& services) {
     state.NextView.clear();
     label.step([&] { FixGPSKeps(state, services); });
     label.step([&] { services.windows.unload("frmSplash"); });
+    label.step([&] {
+        // A view that the command line asked for comes first.
+        if (state.MainTag != "menu" || !std::exchange(form.isPlaceUnknown, false)) return;
+        services.windows.show("frmCONmain");
+    });
 }
 
 }  // namespace vantrace

@@ -18,7 +18,8 @@ void openView(ProgramState& state, Services& services, std::string_view tag, std
 std::string_view worldTag(Services& services);
 
 /// Every time that `Main` comes back: unloads the views, writes "menu", refreshes the status panel, and opens
-/// what the switches of the command line (the first time only) and `NextView` ask for.
+/// what the switches of the command line (the first time only) and `NextView` ask for. Where nobody knows the
+/// observer's place yet, `frmCONmain` opens beside it, once.
 void Form_Activate(MainForm& form, ProgramState& state, Services& services);
 
 }  // namespace vantrace

@@ -47,7 +47,7 @@ QVariant RowModel::data(const QModelIndex& index, int role) const {
     if (role == Qt::DisplayRole) {
         return QString::fromStdString(row.columns.at(static_cast<std::size_t>(index.column())));
     }
-    if (role == Qt::ForegroundRole) return toQColor(row.colour);
+    if (role == Qt::ForegroundRole && row.colour) return toQColor(*row.colour);
     if (role == Qt::TextAlignmentRole && isNumber(index.column())) {
         return QVariant::fromValue(Qt::Alignment(Qt::AlignRight | Qt::AlignVCenter));
     }

@@ -1,9 +1,10 @@
-// Rows of texts with a colour each, for the lists of the windows.
+// Rows of texts, each with a colour if need be, for the lists of the windows.
 #pragma once
 
 #include <QAbstractTableModel>
 #include <QColor>
 #include <QStringList>
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
@@ -19,7 +20,8 @@ class RowModel final : public QAbstractTableModel {
   public:
     struct Row {
         std::span<const std::string> columns;
-        Colour colour = 0;
+        /// Of the texts; without one they have the list's own.
+        std::optional<Colour> colour;
     };
 
     /// `firstNumberColumn` and those after it, up to `lastNumberColumn`, are set to the right.
@@ -35,7 +37,7 @@ class RowModel final : public QAbstractTableModel {
   private:
     struct Held {
         std::vector<std::string> columns;
-        Colour colour = 0;
+        std::optional<Colour> colour;
     };
 
     bool isNumber(int column) const { return column >= m_firstNumberColumn && column <= m_lastNumberColumn; }

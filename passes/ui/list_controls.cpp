@@ -2,9 +2,7 @@
 
 #include <QComboBox>
 #include <QItemSelectionModel>
-#include <QLayout>
 #include <QListView>
-#include <QScrollArea>
 #include <QStringListModel>
 #include <algorithm>
 
@@ -53,25 +51,6 @@ void ListBoxControl::write(const ListBox& form) {
     for (const std::string& text : form.list) texts << QString::fromStdString(text);
     m_model->setStringList(texts);
     if (form.isSelected()) m_view.setCurrentIndex(m_model->index(form.selected));
-}
-
-void makeTransparent(QScrollArea& area) {
-    area.viewport()->setAutoFillBackground(false);
-    area.widget()->setAutoFillBackground(false);
-}
-
-void growToContents(QWidget& window, const QScrollArea& area) {
-    // The sizes of a sheet are known only to controls that have taken it up, which they'd do when they are
-    // shown.
-    for (QWidget* const control : area.widget()->findChildren<QWidget*>()) control->ensurePolished();
-    area.widget()->layout()->activate();
-    QSize size = window.size().expandedTo(area.widget()->sizeHint());
-    // Texts that are wrapped tell their height by the width that they get.
-    const QLayout& layout = *area.widget()->layout();
-    if (layout.hasHeightForWidth()) {
-        size.setHeight(std::max(size.height(), layout.totalHeightForWidth(size.width())));
-    }
-    window.resize(size);
 }
 
 }  // namespace vantrace

@@ -7,10 +7,8 @@
 #include "passes/lists.h"
 
 class QComboBox;
-class QScrollArea;
 class QListView;
 class QStringListModel;
-class QWidget;
 
 namespace vantrace {
 
@@ -43,11 +41,5 @@ class ListBoxControl {
     QStringListModel* m_model;
     unsigned m_changes = 0;
 };
-
-/// Lets the back of the window show through; a scroll area paints one of its own otherwise, without the skin.
-void makeTransparent(QScrollArea& area);
-
-/// Makes a window at least so large that the scroll area, its central widget, needn't scroll.
-void growToContents(QWidget& window, const QScrollArea& area);
 
 }  // namespace vantrace

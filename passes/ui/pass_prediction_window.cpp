@@ -11,10 +11,12 @@
 #include "core/program_state.h"
 #include "core/services.h"
 #include "core/ui/row_model.h"
+#include "core/ui/scrolled_contents.h"
 #include "passes/jobs.h"
 #include "passes/pass_prediction.h"
 #include "passes/results.h"
 #include "passes/sort_results.h"
+#include "platform/file_error.h"
 #include "ui_pass_prediction.h"
 
 namespace vantrace {
@@ -80,6 +82,11 @@ void PassPrediction::connectChoices() {
     const auto dateClick = [this] { handle([this] { Calendar_DateClick(m_form); }); };
     connect(m_ui->Calendar, &QCalendarWidget::clicked, this, dateClick);
     connect(m_ui->Calendar, &QCalendarWidget::activated, this, dateClick);
+    connect(m_ui->Calendar, &QCalendarWidget::currentPageChanged, this, [this](int year, int month) {
+        // The day that is marked on the new page is the one that counts.
+        const int day = std::min(m_ui->Calendar->selectedDate().day(), QDate(year, month, 1).daysInMonth());
+        m_ui->Calendar->setSelectedDate(QDate(year, month, day));
+    });
     onClick(m_ui->BUTcalc, [this] { BUTcalc_Click(m_form, m_state, m_services); });
 }
 
@@ -106,7 +113,12 @@ WindowCorner PassPrediction::corner() const {
 }
 
 void PassPrediction::formLoad() {
-    Form_Load(m_form, m_state, m_services);
+    try {
+        Form_Load(m_form, m_state, m_services);
+    } catch (const FileError& failure) {
+        // Predictions need no jobs; the window opens without them.
+        m_services.dialogs.message(failure.what());
+    }
 }
 
 /// Once, when the skin has set the sizes; from then on they are the user's.
@@ -150,7 +162,8 @@ void PassPrediction::writeControls() {
     m_favourites->write(m_form.FavouriteName);
     m_presets->write(m_form.ListPresets);
     m_ui->CHvisOnly->setChecked(m_form.CHvisOnly);
-    m_ui->Calendar->setSelectedDate(QDate(m_form.Calendar.year, m_form.Calendar.month, m_form.Calendar.day));
+    const QDate date(m_form.Calendar.year, m_form.Calendar.month, m_form.Calendar.day);
+    if (m_ui->Calendar->selectedDate() != date) m_ui->Calendar->setSelectedDate(date);
     writeResults();
     if (std::exchange(m_shownActivations, m_form.BUTcalcActivations) != m_form.BUTcalcActivations) {
         m_ui->BUTcalc->setDefault(true);

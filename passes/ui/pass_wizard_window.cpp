@@ -8,6 +8,7 @@
 
 #include "core/program_state.h"
 #include "core/services.h"
+#include "core/ui/scrolled_contents.h"
 #include "ui_pass_wizard.h"
 
 namespace vantrace {
@@ -18,6 +19,11 @@ namespace {
 void setFieldText(QLineEdit& field, const std::string& text) {
     const QString shown = QString::fromStdString(text);
     if (field.text() != shown) field.setText(shown);
+}
+
+/// A text that the field can't show to the last byte stays what it is until the user changes it.
+void readField(const QLineEdit& field, std::string& text) {
+    if (field.text() != QString::fromStdString(text)) text = field.text().toStdString();
 }
 
 }  // namespace
@@ -57,6 +63,10 @@ void PassWizard::formLoad() {
     Form_Load(m_form, m_state, m_services);
 }
 
+bool PassWizard::formQueryUnload() {
+    return Form_QueryUnload(m_form, m_services);
+}
+
 void PassWizard::closeEvent(QCloseEvent* event) {
     event->ignore();
     handle([this] { BUTcancel_Click(m_form, m_services); });
@@ -75,8 +85,8 @@ void PassWizard::showEvent(QShowEvent* event) {
 }
 
 void PassWizard::readControls() {
-    m_form.Tname = m_ui->Tname->text().toStdString();
-    m_form.Tnumofdays = m_ui->Tnumofdays->text().toStdString();
+    readField(*m_ui->Tname, m_form.Tname);
+    readField(*m_ui->Tnumofdays, m_form.Tnumofdays);
     m_form.CHsave = m_ui->CHsave->isChecked();
     m_form.CHprint = m_ui->CHprint->isChecked();
     m_groups->read(m_form.COMgroup);

@@ -31,6 +31,7 @@ class PassWizard final : public FormWindow, public PassWizardWindow {
 
   private:
     void formLoad() override;
+    bool formQueryUnload() override;
     void readControls() override;
     void writeControls() override;
     void showEvent(QShowEvent* event) override;

@@ -63,29 +63,35 @@ std::vector<Entry> optionEntries(const std::vector<OptionSyntax>& options) {
     return entries;
 }
 
-std::string commonOptions(const ProgramSyntax& program) {
-    std::vector<Entry> entries = optionEntries(program.commonOptions);
+/// Those that the command doesn't tell about itself.
+std::string commonOptions(const ProgramSyntax& program, const std::vector<OptionSyntax>& own) {
+    std::vector<OptionSyntax> common;
+    std::ranges::copy_if(program.commonOptions, std::back_inserter(common), [&](const OptionSyntax& option) {
+        return std::ranges::find(own, option.name, &OptionSyntax::name) == own.end();
+    });
+    std::vector<Entry> entries = optionEntries(common);
     entries.push_back({"-h, --help", "shows this help"});
     entries.push_back({"-v, --version", "shows the version"});
-    return listed("Options of every command", entries);
+    return listed(program.hasCommands() ? "Options of every command" : "General options", entries);
 }
 
 std::string programHelp(const ProgramSyntax& program) {
     std::vector<Entry> commands;
     for (const CommandSyntax& command : program.commands) commands.push_back({command.name, command.summary});
     return "Usage: " + program.name + " COMMAND [OPTIONS] [ARGUMENTS]\n\n" + wrapped(program.summary, 0) +
-           listed("Commands", commands) + commonOptions(program) + "\n" + program.name +
+           listed("Commands", commands) + commonOptions(program, {}) + "\n" + program.name +
            " COMMAND --help tells more about a command.\n";
 }
 
 std::string commandHelp(const ProgramSyntax& program, const CommandSyntax& command) {
     const std::string& argument = command.arguments.name;
-    std::string text = "Usage: " + program.name + " " + command.name + " [OPTIONS]" +
-                       (argument.empty() ? "" : " " + argument) + "\n\n" + wrapped(command.summary, 0);
+    std::string text = "Usage: " + program.name + (command.name.empty() ? "" : " " + command.name) +
+                       " [OPTIONS]" + (argument.empty() ? "" : " " + argument) + "\n\n" +
+                       wrapped(command.summary, 0);
     if (!command.details.empty()) text += "\n" + wrapped(command.details, 0);
     if (!argument.empty()) text += listed("Arguments", {{argument, command.arguments.help}});
     if (!command.options.empty()) text += listed("Options", optionEntries(command.options));
-    return text + commonOptions(program);
+    return text + commonOptions(program, command.options);
 }
 
 }  // namespace

@@ -21,8 +21,15 @@ std::string toBytes(const QString& text) {
     return text.toLatin1().toStdString();
 }
 
-void addOptions(QCommandLineParser& parser, const std::vector<OptionSyntax>& options) {
+bool isAmong(const std::vector<OptionSyntax>& options, const OptionSyntax& option) {
+    return std::ranges::find(options, option.name, &OptionSyntax::name) != options.end();
+}
+
+void addOptions(QCommandLineParser& parser, const std::vector<OptionSyntax>& options,
+                const std::vector<OptionSyntax>& known) {
     for (const OptionSyntax& option : options) {
+        // A common one is known by now.
+        if (isAmong(known, option)) continue;
         parser.addOption(QCommandLineOption(fromBytes(option.name), QString(), fromBytes(option.valueName)));
     }
 }
@@ -30,7 +37,7 @@ void addOptions(QCommandLineParser& parser, const std::vector<OptionSyntax>& opt
 void addGeneralOptions(QCommandLineParser& parser, const ProgramSyntax& program) {
     parser.addOption(QCommandLineOption(QStringList{QStringLiteral("h"), helpOption}));
     parser.addOption(QCommandLineOption(QStringList{QStringLiteral("v"), versionOption}));
-    addOptions(parser, program.commonOptions);
+    addOptions(parser, program.commonOptions, {});
 }
 
 CommandLine::Request requestOf(const QCommandLineParser& parser) {
@@ -56,7 +63,8 @@ std::string seeHelp(const std::string& of) {
 void requireNumberOf(const CommandLine& line, const CommandSyntax& command, const std::string& hint) {
     const ArgumentSyntax& syntax = command.arguments;
     if (line.arguments.size() < syntax.least) {
-        throw CommandLineError(command.name + " needs " + syntax.name + hint);
+        throw CommandLineError((command.name.empty() ? "wanted is " : command.name + " needs ") +
+                               syntax.name + hint);
     }
     if (line.arguments.size() > syntax.most) {
         throw CommandLineError("\"" + line.arguments[syntax.most] + "\" is one argument too many" + hint);
@@ -86,15 +94,38 @@ std::optional<std::string> CommandLine::value(std::string_view option) const {
     return found == values.end() ? std::nullopt : std::optional(found->second);
 }
 
+namespace {
+
+/// Everything but the command's name, which stands in `line` already.
+void parseRest(const ProgramSyntax& program, const CommandSyntax& command, const QStringList& arguments,
+               CommandLine& line) {
+    const std::string hint = seeHelp(command.name.empty() ? program.name : program.name + " " + command.name);
+    QCommandLineParser parser;
+    addGeneralOptions(parser, program);
+    addOptions(parser, command.options, program.commonOptions);
+    line.request = parse(parser, arguments, hint);
+    if (line.request != CommandLine::Request::run) return;
+    for (const QString& argument : parser.positionalArguments()) line.arguments.push_back(toBytes(argument));
+    requireNumberOf(line, command, hint);
+    readValues(parser, program.commonOptions, line);
+    readValues(parser, command.options, line);
+}
+
+}  // namespace
+
 CommandLine parseCommandLine(const ProgramSyntax& program, const std::vector<std::string>& arguments) {
     QStringList all{fromBytes(program.name)};
     for (const std::string& argument : arguments) all.append(fromBytes(argument));
+    CommandLine line;
+    if (!program.hasCommands()) {
+        parseRest(program, program.commands.front(), all, line);
+        return line;
+    }
 
     // First up to the command, which is the first argument that belongs to no option.
     QCommandLineParser finder;
     finder.setOptionsAfterPositionalArgumentsMode(QCommandLineParser::ParseAsPositionalArguments);
     addGeneralOptions(finder, program);
-    CommandLine line;
     line.request = parse(finder, all, seeHelp(program.name));
     const QStringList fromCommandOn = finder.positionalArguments();
     if (fromCommandOn.isEmpty()) {
@@ -103,18 +134,8 @@ CommandLine parseCommandLine(const ProgramSyntax& program, const std::vector<std
     }
     line.command = toBytes(fromCommandOn.first());
     const CommandSyntax& command = commandNamed(program, line.command);
-
     all.removeAt(all.size() - fromCommandOn.size());
-    const std::string hint = seeHelp(program.name + " " + command.name);
-    QCommandLineParser parser;
-    addGeneralOptions(parser, program);
-    addOptions(parser, command.options);
-    line.request = parse(parser, all, hint);
-    if (line.request != CommandLine::Request::run) return line;
-    for (const QString& argument : parser.positionalArguments()) line.arguments.push_back(toBytes(argument));
-    requireNumberOf(line, command, hint);
-    readValues(parser, program.commonOptions, line);
-    readValues(parser, command.options, line);
+    parseRest(program, command, all, line);
     return line;
 }
 

@@ -1,4 +1,5 @@
-// The command line of a program with commands: what it may hold, told once, serves the reading and the help.
+// The command line of a program, with commands or without: what it may hold, told once, serves the reading
+// and the help.
 #pragma once
 
 #include <cstddef>
@@ -34,11 +35,15 @@ struct CommandSyntax {
     std::string summary;  ///< one line
     std::string details;  ///< what else the help tells; blank lines part paragraphs
     ArgumentSyntax arguments;
+    /// One of the name of a common option tells what that means to this command.
     std::vector<OptionSyntax> options;
 };
 
-/// Every command takes the common options, and --help and --version.
+/// Every command takes the common options, and --help and --version. A program without commands has a single
+/// one whose name is empty.
 struct ProgramSyntax {
+    bool hasCommands() const { return commands.size() != 1 || !commands.front().name.empty(); }
+
     std::string name;
     std::string version;
     std::string summary;
@@ -56,7 +61,7 @@ struct CommandLine {
     enum class Request { run, help, version };
 
     Request request = Request::run;
-    std::string command;  ///< empty only where help or version of the program is asked for
+    std::string command;  ///< empty where help or version of the program is asked for, or it has no commands
     std::vector<std::string> arguments;
     std::map<std::string, std::string, std::less<>> values;  ///< of the options given; the last one counts
 

@@ -7,6 +7,7 @@
 #include <QUrl>
 #include <array>
 #include <optional>
+#include <span>
 #include <system_error>
 #include <vector>
 
@@ -24,7 +25,8 @@ constexpr std::array textEditors{
     "featherpad",        "geany", "l3afpad", "leafpad", "xedit",
 };
 
-struct InformationTool {
+/// A program of a desktop that shows or sets something.
+struct DesktopTool {
     const char* program;
     const char* argument;
     /// The word of XDG_CURRENT_DESKTOP without which the tool doesn't run; null where it runs on any.
@@ -32,13 +34,22 @@ struct InformationTool {
 };
 
 constexpr std::array informationTools{
-    InformationTool{"gnome-control-center", "info-overview", "GNOME"},
-    InformationTool{"cinnamon-settings", "info", "X-Cinnamon"},
-    InformationTool{"kinfocenter", nullptr, nullptr},
-    InformationTool{"hardinfo2", nullptr, nullptr},
-    InformationTool{"hardinfo", nullptr, nullptr},
-    InformationTool{"mate-system-monitor", "--show-system-tab", nullptr},
-    InformationTool{"xfce4-about", nullptr, nullptr},
+    DesktopTool{"gnome-control-center", "info-overview", "GNOME"},
+    DesktopTool{"cinnamon-settings", "info", "X-Cinnamon"},
+    DesktopTool{"kinfocenter", nullptr, nullptr},
+    DesktopTool{"hardinfo2", nullptr, nullptr},
+    DesktopTool{"hardinfo", nullptr, nullptr},
+    DesktopTool{"mate-system-monitor", "--show-system-tab", nullptr},
+    DesktopTool{"xfce4-about", nullptr, nullptr},
+};
+
+constexpr std::array timeTools{
+    DesktopTool{"gnome-control-center", "datetime", "GNOME"},
+    DesktopTool{"cinnamon-settings", "calendar", "X-Cinnamon"},
+    DesktopTool{"systemsettings", "kcm_clock", "KDE"},
+    DesktopTool{"systemsettings5", "clock", "KDE"},
+    DesktopTool{"lxqt-admin-time", nullptr, nullptr},
+    DesktopTool{"time-admin", nullptr, nullptr},
 };
 
 struct Command {
@@ -87,9 +98,10 @@ std::optional<Command> editorOfUser() {
     return terminalEditor();
 }
 
-std::optional<Command> informationTool() {
+/// The first of these tools that is there, for this desktop.
+std::optional<Command> firstOf(std::span<const DesktopTool> tools) {
     const QStringList desktops = qEnvironmentVariable("XDG_CURRENT_DESKTOP").split(QLatin1Char(':'));
-    for (const InformationTool& tool : informationTools) {
+    for (const DesktopTool& tool : tools) {
         if (tool.desktop != nullptr && !desktops.contains(QLatin1String(tool.desktop))) continue;
         const auto program = found(tool.program);
         if (!program) continue;
@@ -132,13 +144,23 @@ void QtDesktop::openTextFile(const std::filesystem::path& file) {
     start(*command);
 }
 
+void QtDesktop::startProgram(const std::filesystem::path& program) {
+    start({fs::absolute(program), {}});
+}
+
 bool QtDesktop::hasSystemInformation() const {
-    return informationTool().has_value();
+    return firstOf(informationTools).has_value();
 }
 
 void QtDesktop::startSystemInformation() {
-    const std::optional<Command> command = informationTool();
+    const std::optional<Command> command = firstOf(informationTools);
     if (!command) throw DesktopError("the desktop has no tool that tells about the system");
+    start(*command);
+}
+
+void QtDesktop::startTimeSettings() {
+    const std::optional<Command> command = firstOf(timeTools);
+    if (!command) throw DesktopError("the desktop has no tool that sets the time");
     start(*command);
 }
 

@@ -52,10 +52,22 @@ class Waiting {
     QPointer<Dialog> m_dialog;
 };
 
+/// As much from the start of a text as a box has room for: it can't be scrolled, and a text may be a page of
+/// megabytes.
+QString fitting(std::string_view text) {
+    constexpr std::size_t mostBytes = 8000;
+    constexpr qsizetype mostCharacters = 2000;
+    constexpr qsizetype mostLines = 30;
+    const QString start = shown(text.substr(0, mostBytes));
+    const QString lines = start.section(u'\n', 0, mostLines - 1).left(mostCharacters);
+    const bool isWhole = text.size() <= mostBytes && lines.size() == start.size();
+    return isWhole ? lines : lines + QStringLiteral("\u2026");
+}
+
 /// What is shown may come from a file, so that no sign of it is markup.
 void setPlainText(QMessageBox& box, std::string_view text) {
     box.setTextFormat(Qt::PlainText);
-    box.setText(shown(text));
+    box.setText(fitting(text));
 }
 
 QStringList nameFilters(const FileRequest& request) {

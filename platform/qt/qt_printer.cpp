@@ -40,6 +40,8 @@ std::vector<Line> linesOf(const PrintDocument& document) {
                 lines.back().push_back({shownColour(part.colour), part.isBold, pieces[i]});
         }
     }
+    // What stands behind the last line's end is no line, and no page.
+    if (lines.size() > 1 && lines.back().empty()) lines.pop_back();
     return lines;
 }
 

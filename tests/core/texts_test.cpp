@@ -40,6 +40,16 @@ TEST(Texts, TellDaysAndTimes) {
     EXPECT_EQ(TimeText(0, 0, -1), "23:59:59");
 }
 
+TEST(FixedWidth, CutsAndFillsByCharacters) {
+    EXPECT_EQ(FixedWidth("SATELLITE OF 16C", 16), "SATELLITE OF 16C");
+    EXPECT_EQ(FixedWidth("SATELLITE OF 20 CHAR", 16), "SATELLITE OF 20 ");
+    EXPECT_EQ(FixedWidth("ISS", 5), "ISS  ");
+    EXPECT_EQ(FixedWidth("", 2), "  ");
+    EXPECT_EQ(FixedWidth("ISS", 0), "");
+    EXPECT_EQ(FixedWidth("S\xC3\xA3o", 4), "S\xC3\xA3o ");
+    EXPECT_EQ(FixedWidth("\xC3\xA3\xC3\xA3\xC3\xA3", 2), "\xC3\xA3\xC3\xA3");
+}
+
 TEST(Texts, KnowOnlyTheBlankAsABlank) {
     EXPECT_TRUE(HasBlank("a b"));
     EXPECT_FALSE(HasBlank("a\tb"));

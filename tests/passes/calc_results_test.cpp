@@ -228,7 +228,7 @@ TEST_F(CalcResultsTest, FromElevenHoursOnAPassHasThe24HoursAndShorterOnesTheirOw
     EXPECT_GT(nearlyLong, 0);
 }
 
-TEST_F(CalcResultsTest, VisibleOnesAloneAreKeptAndOthersDrawnNoMore) {
+TEST_F(CalcResultsTest, VisibleOnesAloneAreKept) {
     for (int day = 20; day <= 31; ++day) calculate("ISS (ZARYA)", day);
     const std::vector<ResultRow> all = rows();
     const auto isVisible = [](const ResultRow& row) { return row[ResultColumn::Visible] == "Yes"; };

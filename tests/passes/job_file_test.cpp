@@ -88,6 +88,13 @@ TEST_F(JobFileTest, RemovingTakesOneJobAndTheBlankLinesBehindIt) {
     EXPECT_FALSE(fakes.folder.exists("pass.new"));
 }
 
+TEST_F(JobFileTest, AnyLineCanBeTheName) {
+    fakes.folder.write("pass.dat", "A\nX;\n1\n0\n0\n1\nY;\n2\n0\n0\n");
+    EXPECT_EQ(jobToEdit(jobs(), "1")->satellites, Names()) << "the days of the job before";
+    removeJob(state, "1");
+    EXPECT_EQ(jobs(), "A\r\nX;\r\nY;\r\n2\r\n0\r\n0\r\n");
+}
+
 TEST_F(JobFileTest, ANameThatIsNotThereLeavesTheFileAlone) {
     fakes.folder.write("pass.dat", twoJobs);
     EXPECT_THROW(removeJob(state, "Weather "), FileError);
@@ -104,9 +111,14 @@ TEST_F(JobFileTest, AnOldScratchFileIsReplacedAndALinkStaysOne) {
     EXPECT_EQ(jobNames(fakes.folder.read("real/jobs")), Names{"Radio"});
     std::filesystem::remove(fakes.folder.path() / "pass.dat");
     fakes.folder.write("pass.dat", twoJobs);
+    fakes.folder.write("foreign", "mine");
+    std::filesystem::remove(fakes.folder.path() / "pass.new");
+    std::filesystem::create_symlink("foreign", fakes.folder.path() / "pass.new");
     std::filesystem::permissions(fakes.folder.path() / "pass.dat", std::filesystem::perms(0600));
     removeJob(state, "Radio");
     EXPECT_FALSE(fakes.folder.exists("pass.new"));
+    EXPECT_EQ(fakes.folder.read("foreign"), "mine") << "what a scratch file points to is none of ours";
+    EXPECT_FALSE(std::filesystem::is_symlink(fakes.folder.path() / "pass.dat"));
     EXPECT_EQ(std::filesystem::status(fakes.folder.path() / "pass.dat").permissions(),
               std::filesystem::perms(0600));
 }

@@ -2,6 +2,7 @@
 
 #include <map>
 
+#include "core/date_time.h"
 #include "core/labels.h"
 #include "passes/job_file.h"
 #include "passes/job_run.h"
@@ -130,6 +131,15 @@ TEST_F(JobsTest, ARunPutsAllSatellitesOfEachDayBehindTheRows) {
     const std::size_t once = rows().size();
     PresetGo_Click(form, state, services);
     EXPECT_EQ(rows().size(), 2 * once);
+}
+
+TEST_F(JobsTest, ARunGoesOverTheTurnOfTheYear) {
+    load("A\nISS (ZARYA);\n2\n0\n0\n");
+    form.Calendar = {31, 12, 2026};
+    PresetGo_Click(form, state, services);
+    EXPECT_GT(std::ranges::count(dates(), "01 JAN"), 0);
+    ASSERT_FALSE(rows().empty());
+    EXPECT_EQ(dateParts(rows().back().startLocal).year, 2027);
 }
 
 TEST_F(JobsTest, ARunSavesAndPrintsWhereTheJobSaysSo) {

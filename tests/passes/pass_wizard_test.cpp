@@ -136,14 +136,18 @@ TEST_F(PassWizardTest, CancelAsks) {
     EXPECT_FALSE(isOpen());
 }
 
-TEST_F(PassWizardTest, AJobThatIsShownKeepsTicksAndStandsBehindWhatIsThere) {
-    wizard.CHsave = true;
-    wizard.SatList.add("A");
+TEST_F(PassWizardTest, AJobInItAloneGoesOnlyWhereTheUserAgrees) {
+    EXPECT_TRUE(Form_QueryUnload(wizard, services)) << "nothing is in it";
     showJob(wizard, {"Radio", {"B", "C"}, "5", false, true, true});
-    EXPECT_EQ(wizard.Tname, "Radio");
-    EXPECT_EQ(wizard.Tnumofdays, "5");
-    EXPECT_TRUE(wizard.CHsave && wizard.CHprint);
-    EXPECT_EQ(wizard.SatList.list, (Names{"A", "B", "C"}));
+    EXPECT_EQ(wizard.SatList.list, (Names{"B", "C"}));
+    EXPECT_TRUE(wizard.CHprint && !wizard.CHsave);
+    EXPECT_FALSE(Form_QueryUnload(wizard, services));
+    EXPECT_EQ(fakes.dialogs.titles, Names{"Cancel Job"});
+    fakes.dialogs.saysYes = true;
+    EXPECT_TRUE(Form_QueryUnload(wizard, services));
+    BUTSaveJob_Click(wizard, state, services);
+    EXPECT_TRUE(Form_QueryUnload(wizard, services));
+    EXPECT_EQ(messages().size(), 2U) << "a saved job isn't asked about";
 }
 
 }  // namespace

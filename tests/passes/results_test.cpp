@@ -1,21 +1,10 @@
 #include "passes/results.h"
 
 #include "core/program_state.h"
-#include "passes/report.h"
 #include "tests/passes/passes_test.h"
 
 namespace vantrace {
 namespace {
-
-TEST(FixedWidthTest, CutsAndFillsByCharacters) {
-    EXPECT_EQ(FixedWidth("SATELLITE OF 16C", 16), "SATELLITE OF 16C");
-    EXPECT_EQ(FixedWidth("SATELLITE OF 20 CHAR", 16), "SATELLITE OF 20 ");
-    EXPECT_EQ(FixedWidth("ISS", 5), "ISS  ");
-    EXPECT_EQ(FixedWidth("", 2), "  ");
-    EXPECT_EQ(FixedWidth("ISS", 0), "");
-    EXPECT_EQ(FixedWidth("S\xC3\xA3o", 4), "S\xC3\xA3o ");
-    EXPECT_EQ(FixedWidth("\xC3\xA3\xC3\xA3\xC3\xA3", 2), "\xC3\xA3\xC3\xA3");
-}
 
 class ResultsTest : public PassesTest {
   protected:
@@ -96,7 +85,10 @@ TEST_F(ResultsTest, ThePrinterGetsTheReportInFixedPitchWithABlueHeading) {
                   std::string(reportBody));
 }
 
-TEST_F(ResultsTest, APrinterThatFailsIsPassedOver) {
+TEST_F(ResultsTest, APrinterThatFailsOrIsntChosenIsPassedOver) {
+    fakes.printer.isCancelled = true;
+    BUTprint_Click(form, state, services);
+    EXPECT_TRUE(fakes.printer.documents.empty());
     fakes.printer.failure = "no paper";
     BUTprint_Click(form, state, services);
     EXPECT_TRUE(fakes.dialogs.messages.empty());

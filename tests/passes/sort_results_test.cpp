@@ -35,6 +35,14 @@ TEST_F(SortResultsTest, SortsByDateAndTimeOfOneYearAndKeepsTheOrderOfEquals) {
     EXPECT_EQ(rows().back(), last) << "a row moves with all its texts";
 }
 
+TEST_F(SortResultsTest, TheLastDayOfALeapFebruaryComesBeforeMarchInEveryYear) {
+    add("b", "01 MAR", "00:10:00");
+    add("a", "29 FEB", "23:51:00");
+    fakes.clock.setUtc({2027, 3, 1, 12, 0, 0}, 0);
+    BUTsortChron_Click(form, state, services);
+    EXPECT_EQ(order(), "ab");
+}
+
 TEST_F(SortResultsTest, TheListIsHiddenAndTheBarMovesAtEveryStep) {
     for (const char* name : {"a", "b", "c"}) add(name, "01 MAY", "00:00:00");
     std::vector<std::size_t> values;

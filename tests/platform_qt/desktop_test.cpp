@@ -120,5 +120,14 @@ TEST_F(QtDesktopTest, StartsTheToolThatSuitsTheDesktop) {
     EXPECT_EQ(started(), "gnome-control-center|info-overview");
 }
 
+TEST_F(QtDesktopTest, StartsAProgramWithoutArgumentsAndTellsOneThatCantBeRun) {
+    install("starter.exe");
+    desktop.startProgram(folder.path() / "bin/starter.exe");
+    EXPECT_EQ(started(), "starter.exe|");
+    EXPECT_FALSE(folder.exists("waited"));
+    EXPECT_THROW(desktop.startProgram(folder.path() / "history.txt"), DesktopError);
+    EXPECT_THROW(desktop.startProgram(folder.path() / "missing.exe"), DesktopError);
+}
+
 }  // namespace
 }  // namespace vantrace

@@ -77,6 +77,25 @@ TEST_F(QtDialogsTest, AMessageShowsItsTextSignForSign) {
     dialogs.message(text, "Reset Settings");
 }
 
+TEST_F(QtDialogsTest, OfALongTextTheStartIsShownThatFits) {
+    const std::string unbroken = "Here it is : " + std::string(10'000'000, 'x');
+    const std::string lines = [] {
+        std::string text;
+        for (int i = 0; i < 1'000'000; ++i) text += "\r\n";
+        return text;
+    }();
+    for (const std::string& text : {unbroken, lines}) {
+        Answering<QMessageBox> answer([&](QMessageBox& box) {
+            EXPECT_TRUE(box.text().endsWith(QChar(0x2026)));
+            EXPECT_TRUE(text.starts_with(box.text().chopped(1).toStdString()));
+            EXPECT_GT(box.text().size(), 20);
+            EXPECT_LT(box.height(), 768);
+            press(box, Qt::Key_Return);
+        });
+        dialogs.message(text);
+    }
+}
+
 TEST_F(QtDialogsTest, ATitleThatIsEmptyStaysBlank) {
     Answering<QDialog> answer([](QDialog& dialog) {
         EXPECT_EQ(dialog.windowTitle(), QString(" ")) << "Qt would show the name of the program";

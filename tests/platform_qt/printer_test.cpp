@@ -138,5 +138,35 @@ TEST_F(PrinterTest, APrinterThatTakesNothingIsTold) {
     EXPECT_THROW(print(documentOf(1), QPageLayout::Portrait), std::runtime_error);
 }
 
+/// Pages of a PDF file, by its own count.
+int pagesOf(const std::filesystem::path& pdf) {
+    QProcess process;
+    process.start(QStringLiteral("pdftotext"), {QString::fromStdString(pdf.string()), QStringLiteral("-")});
+    EXPECT_TRUE(process.waitForFinished());
+    return static_cast<int>(process.readAllStandardOutput().count('\f'));
+}
+
+TEST_F(PrinterTest, NoPageIsEmpty) {
+    if (QStandardPaths::findExecutable(QStringLiteral("pdftotext")).isEmpty()) GTEST_SKIP();
+    int pages = 0;
+    int turns = 0;
+    for (int rows = 72; rows < 84; ++rows) {
+        print(documentOf(rows), QPageLayout::Portrait);
+        const int now = pagesOf(pdf);
+        // A page begins with a row that was there before: one more on the page that was full, and no more.
+        if (pages != 0 && now != pages) {
+            ++turns;
+            QProcess process;
+            process.start(QStringLiteral("pdftotext"),
+                          {QStringLiteral("-f"), QString::number(now), QString::fromStdString(pdf.string()),
+                           QStringLiteral("-")});
+            EXPECT_TRUE(process.waitForFinished());
+            EXPECT_TRUE(process.readAllStandardOutput().contains("SATELLITE")) << rows;
+        }
+        pages = now;
+    }
+    EXPECT_EQ(turns, 1);
+}
+
 }  // namespace
 }  // namespace vantrace

@@ -103,10 +103,21 @@ class RecordingDesktop final : public Desktop {
   public:
     void openAddress(std::string_view address) override { opened.emplace_back(address); }
     void openTextFile(const std::filesystem::path& file) override { opened.push_back(file.string()); }
+    void startProgram(const std::filesystem::path& program) override {
+        if (!failure.empty()) throw DesktopError(failure);
+        started.push_back(program.string());
+    }
     bool hasSystemInformation() const override { return hasTool; }
     void startSystemInformation() override { opened.emplace_back("system information"); }
+    void startTimeSettings() override {
+        if (!failure.empty()) throw DesktopError(failure);
+        opened.emplace_back("time settings");
+    }
 
     std::vector<std::string> opened;
+    std::vector<std::string> started;
+    /// Why a program can't be started.
+    std::string failure;
     bool hasTool = true;
 };
 

@@ -49,6 +49,7 @@ void Main::formActivate() {
 }
 
 bool Main::formQueryUnload() {
+    if (!mayEnd(m_services)) return false;
     Form_QueryUnload(m_form, m_services);
     return true;
 }

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "core/labels.h"
+#include "core/shell/view_dispatch.h"
 #include "tests/core/shell/shell_test.h"
 
 namespace vantrace {
@@ -47,6 +48,35 @@ TEST_F(StartUpTest, AFreshStoreGetsItsDefaults) {
         EXPECT_TRUE(fakes.settings.get(key)) << key;
     }
     EXPECT_TRUE(fakes.speech.texts.empty());
+}
+
+TEST_F(StartUpTest, TheSettingsOpenOnceWhereNobodyHasToldThePlace) {
+    WindowScript& settings = fakeWindow("frmCONmain");
+    fakes.settings.set("Skin", "1");
+    start();
+    state.CommandLine = "/WORLD";
+    fakeWindow("WorldView");
+    Form_Activate(form, state, services);
+    EXPECT_EQ(settings.made, 0) << "the map was asked for";
+    Form_Activate(form, state, services);
+    EXPECT_TRUE(services.windows.isOnScreen("frmCONmain"));
+    services.windows.unload("frmCONmain");
+    Form_Activate(form, state, services);
+    start();
+    Form_Activate(form, state, services);
+    EXPECT_EQ(settings.made, 1) << "by now the place is stored, if only the default";
+}
+
+TEST_F(StartUpTest, AWindowThatCannotStoreWhatIsEditedKeepsTheProgram) {
+    WindowScript& settings = fakeWindow("frmCONmain");
+    WindowScript& groups = fakeWindow("frmCONGroups");
+    services.windows.show("frmCONmain");
+    services.windows.show("frmCONGroups");
+    settings.staysOpen = true;
+    EXPECT_FALSE(mayEnd(services));
+    settings.staysOpen = false;
+    EXPECT_TRUE(mayEnd(services));
+    EXPECT_EQ(groups.count("unload"), 1) << "the favourites are stored";
 }
 
 TEST_F(StartUpTest, OnlyFontSizesAboveAHundredAreMended) {

@@ -10,6 +10,7 @@
 #include <QScrollBar>
 #include <QStackedWidget>
 #include <QTreeView>
+#include <map>
 #include <memory>
 
 #include "catalogue/favourites.h"
@@ -147,6 +148,79 @@ TEST_F(PassWindowsTest, CalculatesWhatIsPickedAndAsksAnew) {
     EXPECT_TRUE(fakes.windows.isOnScreen("Main"));
 }
 
+/// The texts of a window, by the names of their controls.
+void expectTexts(QWidget* window, const std::map<std::string, std::string>& texts) {
+    for (const auto& [name, text] : texts) {
+        auto* const control = childOf<QWidget>(window, name.c_str());
+        ASSERT_NE(control, nullptr) << name;
+        const char* const property = control->inherits("QGroupBox") ? "title" : "text";
+        EXPECT_EQ(control->property(property).toString().toStdString(), text) << name;
+    }
+}
+
+TEST_F(PassWindowsTest, SaysWhatItsControlsAreFor) {
+    PassPrediction* const window = open();
+    expectTexts(window, {{"CHvisOnly", "Visible Passes Only"},
+                         {"BUTcalc", "Calculate"},
+                         {"BUTsortChron", "Sort Results Chronologically"},
+                         {"BUTclearResults", "Clear Results"},
+                         {"BUTsaveresults", "Save Results to file"},
+                         {"BUTprint", "Print Results"},
+                         {"PresetGo", "Run Selected Job"},
+                         {"PresetAdd", "Add New Job"},
+                         {"BUTeditjob", "Edit Selected Job"},
+                         {"PresetDelete", "Delete Selected Job"}});
+    const auto* const model = childOf<QTreeView>(window, "LISTpasses")->model();
+    Names headings;
+    for (int column = 0; column < model->columnCount(); ++column) {
+        headings.push_back(model->headerData(column, Qt::Horizontal).toString().toStdString());
+    }
+    EXPECT_EQ(headings, (Names{"Satellite", "Date", "Time", "Start AZ", "Max Elevation", "Duration", "End Az",
+                               "Sunlit", "Visible"}));
+    click(window, "PresetAdd");
+    expectTexts(windowOnScreen<PassWizard>(), {{"CHsave", "Save Predictions to File"},
+                                               {"CHprint", "Print Predictions"},
+                                               {"BUTadd", "Add Satellite to List"},
+                                               {"BUTremove", "Remove Satellite"},
+                                               {"BUTSaveJob", "Save this Job"},
+                                               {"BUTcancel", "Cancel + Close"},
+                                               {"Frame5", "Pass Prediction Job Wizard Help"}});
+}
+
+TEST_F(PassWindowsTest, TheMarkedDayCountsOnEveryPageOfTheCalendar) {
+    PassPrediction* const window = open();
+    auto* const calendar = childOf<QCalendarWidget>(window, "Calendar");
+    auto* const calculate = childOf<QPushButton>(window, "BUTcalc");
+    pick(window, "FavouriteName", "ISS (ZARYA)");
+    EXPECT_NE(window->focusWidget(), calculate) << "a favourite doesn't lead to the button";
+    calendar->setSelectedDate(QDate(2026, 8, 31));
+    calendar->setCurrentPage(2026, 9);
+    EXPECT_EQ(calendar->selectedDate(), QDate(2026, 9, 30));
+    pick(window, "FavouriteName", "ISS (ZARYA)");
+    EXPECT_EQ(calendar->monthShown(), 9) << "the page stays";
+    emit calendar->clicked(QDate(2026, 9, 30));
+    EXPECT_EQ(window->focusWidget(), calculate);
+    click(window, "BUTcalc");
+    ASSERT_GT(resultCount(window), 0);
+    EXPECT_EQ(result(window, resultCount(window) - 1, 1), "30 SEP");
+
+    click(window, "BUTmin");
+    EXPECT_TRUE(window->isMinimized());
+    window->close();
+    QTest::qWait(1);
+    EXPECT_FALSE(fakes.windows.isLoaded("PassPrediction"));
+    EXPECT_TRUE(fakes.windows.isOnScreen("Main")) << "by its frame, too";
+}
+
+TEST_F(PassWindowsTest, WithoutAReadableFileOfJobsItOpensAndTells) {
+    std::filesystem::remove(fakes.folder.path() / "pass.dat");
+    std::filesystem::create_directory(fakes.folder.path() / "pass.dat");
+    PassPrediction* const window = open();
+    ASSERT_NE(window, nullptr);
+    EXPECT_EQ(fakes.dialogs.messages.size(), 1U);
+    EXPECT_TRUE(entries(window, "ListPresets").empty());
+}
+
 TEST_F(PassWindowsTest, RunsAJobSortsSavesAndPrints) {
     PassPrediction* const window = open();
     EXPECT_EQ(entries(window, "ListPresets"), (Names{"Radio", "Other"}));
@@ -209,6 +283,23 @@ TEST_F(PassWindowsTest, AJobIsEditedInTheWizardAndComesBackAtTheEnd) {
     EXPECT_EQ(entries(window, "ListPresets"), (Names{"Other", "Radio 2"}));
     EXPECT_TRUE(fakes.folder.read("pass.dat")
                     .ends_with("Radio 2\r\nOSCAR 7 (AO-7);\r\nCSS (TIANHE);\r\n2\r\n1\r\n0\r\n"));
+}
+
+TEST_F(PassWindowsTest, ASecondJobIsEditedOnlyWhenTheFirstIsGivenUp) {
+    PassPrediction* const window = open();
+    select(window, "ListPresets", 0);
+    click(window, "BUTeditjob");
+    select(window, "ListPresets", 0);
+    click(window, "BUTeditjob");
+    EXPECT_EQ(fakes.dialogs.titles, Names{"Cancel Job"});
+    EXPECT_EQ(textOf(windowOnScreen<PassWizard>(), "Tname"), "Radio");
+    EXPECT_EQ(jobNames(fakes.folder.read("pass.dat")), Names{"Other"});
+    fakes.dialogs.saysYes = true;
+    click(window, "BUTeditjob");
+    QTest::qWait(1);
+    PassWizard* const wizard = windowOnScreen<PassWizard>();
+    EXPECT_EQ(textOf(wizard, "Tname"), "Other");
+    EXPECT_EQ(entries(wizard, "SatList").size(), 1U) << "none of the first job's";
 }
 
 TEST_F(PassWindowsTest, TheWizardOutlivesItsParentAndAsksBeforeItGoes) {

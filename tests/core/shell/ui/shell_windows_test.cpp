@@ -9,6 +9,7 @@
 #include "core/shell/ui/information_windows.h"
 #include "core/shell/ui/main_window.h"
 #include "core/shell/ui/tabular_window.h"
+#include "tests/support/fake_window.h"
 #include "tests/support_qt/window_test.h"
 
 namespace vantrace {
@@ -16,7 +17,12 @@ namespace {
 
 /// The whole shell over the data that ships.
 class ShellWindowsTest : public ::testing::Test {
+  private:
+    // Before the registry, which destroys the windows.
+    WindowScript m_wizard;
+
   protected:
+    WindowScript& wizard = m_wizard;
     ShellWindowsTest() {
         std::filesystem::copy(VANTRACE_SHIPPED_FOLDER, fakes.folder.path());
         fakes.settings.set("Location Name", "Vienna");
@@ -208,6 +214,12 @@ TEST_F(ShellWindowsTest, AnObserverBeyondAllSenseIsLoggedAndTheTableGoesOn) {
 
 TEST_F(ShellWindowsTest, TheExitEndsTheProgram) {
     start();
+    wizard.staysOpen = true;
+    registerFake(fakes.windows, "PassWizard", wizard);
+    fakes.windows.show("PassWizard");
+    choose("Mexit");
+    ASSERT_NE(windowOnScreen<Main>(), nullptr) << "a job is being edited, and the user doesn't give it up";
+    wizard.staysOpen = false;
     choose("Mexit");
     EXPECT_EQ(windowOnScreen<Main>(), nullptr);
     EXPECT_EQ(state.OrbitEngine, nullptr);

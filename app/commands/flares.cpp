@@ -1,0 +1,48 @@
+// The flares that the tracker listed last.
+#include <array>
+#include <filesystem>
+#include <memory>
+
+#include "app/command.h"
+#include "catalogue/data_files.h"
+#include "flares/flare_file.h"
+#include "flares/iridium_flares.h"
+
+namespace vantrace {
+
+namespace {
+
+constexpr std::array<Column, flareColumns> columns{{
+    {"local_date", "date", Form::text},
+    {"local_time", "time", Form::text},
+    {"magnitude", "mag", Form::text},
+    {"elevation_deg", "el", Form::text},
+    {"azimuth_deg", "az", Form::text},
+    {"distance", "distance", Form::text},
+    {"max_magnitude", "max mag", Form::text},
+    {"satellite", "satellite", Form::text},
+}};
+
+int runFlares(const CommandContext& context) {
+    FlareList list;
+    loadFlares(dataFile(context.program.state(), flaresFile), list);
+    const std::unique_ptr<RowWriter> rows = context.rows(columns);
+    for (const FlareRow& row : list) rows->add({row.texts.begin(), row.texts.end()});
+    rows->finish();
+    return exit_status::good;
+}
+
+}  // namespace
+
+Command flaresCommand() {
+    CommandSyntax syntax;
+    syntax.name = "flares";
+    syntax.summary = "Lists the Iridium flares of flares.dat.";
+    syntax.details =
+        "They are those that the tracker's window fetched last, for the observer of that time. Dates and "
+        "times "
+        "are local, by the offset of that time; all values stand as the service gave them.";
+    return {syntax, false, runFlares};
+}
+
+}  // namespace vantrace

@@ -1,0 +1,25 @@
+// The run of vantrace-station, apart from its process.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "app/composition.h"
+#include "platform/file_settings_store.h"
+
+namespace vantrace {
+
+class Termination;
+
+struct StationSurroundings {
+    Clock& clock;
+    FileSettingsStore& settings;
+    MachineFormat format;
+    ProgramFolderRequest folder;
+};
+
+/// Runs until it is asked to end; the answer is the exit status. Needs a QCoreApplication.
+int runStation(const std::vector<std::string>& arguments, StationSurroundings& surroundings, Console& console,
+               Termination& termination);
+
+}  // namespace vantrace

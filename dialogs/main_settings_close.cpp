@@ -1,0 +1,87 @@
+// The end of `frmCONmain`.
+#include "core/config.h"
+#include "core/error_label.h"
+#include "core/labels.h"
+#include "core/program_state.h"
+#include "core/services.h"
+#include "core/texts.h"
+#include "dialogs/degrees.h"
+#include "dialogs/main_settings.h"
+#include "orbit/orbit_engine.h"
+
+namespace vantrace {
+
+namespace {
+
+/// One more than what the message says.
+constexpr double largestLatitudeDeg = 91;
+constexpr double largestLongitudeDeg = 360;
+
+/// A number's text as it was understood.
+std::string understood(const std::string& text, const Services& services) {
+    return valueText(typedValue(text, services), services);
+}
+
+std::string joined(const std::string& deg, const std::string& min, const std::string& sec,
+                   const Services& services) {
+    double value = 0;
+    DMSToDecimal(typedValue(deg, services), typedValue(min, services), typedValue(sec, services), value);
+    return std::string(trimmed(valueText(value, services)));
+}
+
+void savePlace(const MainSettingsForm& form, Services& services) {
+    if (form.OPdecDeg) {
+        SaveConfig(services, settings::latitude, form.Tlatitude);
+        SaveConfig(services, settings::longitude, form.Tlongitude);
+        return;
+    }
+    SaveConfig(services, settings::latitude, joined(form.Tlatdeg, form.Tlatmin, form.Tlatsec, services));
+    SaveConfig(services, settings::longitude, joined(form.Tlondeg, form.Tlonmin, form.Tlonsec, services));
+}
+
+void tellObserver(const MainSettingsForm& form, ProgramState& state, const Services& services) {
+    state.ObserverLongitude = typedValue(form.Tlongitude, services);
+    state.ObserverLatitude = typedValue(form.Tlatitude, services);
+    state.ObserverHeight = typedValue(form.Theight, services);
+    // The panel of `Main` would tell the new place by the old name otherwise.
+    state.ObserverName = form.Tlocation;
+    if (!state.OrbitEngine) return;
+    state.OrbitEngine->EngineSetLatitude(state.ObserverLatitude);
+    state.OrbitEngine->EngineSetLongitude(360 - state.ObserverLongitude);
+    state.OrbitEngine->EngineSetHeight(state.ObserverHeight);
+}
+
+}  // namespace
+
+bool Form_QueryUnload(MainSettingsForm& form, Services& services) {
+    bool mayGo = true;
+    ErrorLabel label(services, labels::mainCONQueryUnload);
+    label.step([&] {
+        if (typedValue(form.Tlatitude, services) > largestLatitudeDeg) {
+            mayGo = false;
+            services.dialogs.message("Latitude should be less than 90");
+        }
+        if (typedValue(form.Tlongitude, services) > largestLongitudeDeg) {
+            mayGo = false;
+            services.dialogs.message("Longitude should be less than 360");
+        }
+        form.Theight = understood(form.Theight, services);
+        Theight_Change(form, services);
+        form.Tlatitude = understood(form.Tlatitude, services);
+        form.Tlongitude = understood(form.Tlongitude, services);
+    });
+    return mayGo;
+}
+
+void Form_Unload(MainSettingsForm& form, ProgramState& state, Services& services) {
+    ErrorLabel label(services, labels::mainCONUnload);
+    label.step([&] {
+        const SettingsBatch batch(services.settings);
+        SaveConfig(services, settings::wxWavDir, form.LAWxWavDir);
+        savePlace(form, services);
+        tellObserver(form, state, services);
+        SaveConfig(services, settings::voice, std::to_string(form.VoiceSelect.selected + 1));
+    });
+}
+
+}  // namespace vantrace

@@ -1,0 +1,85 @@
+#include "dialogs/ui/list_controls.h"
+
+#include <QComboBox>
+#include <QItemSelectionModel>
+#include <QSignalBlocker>
+#include <QStringListModel>
+#include <algorithm>
+#include <utility>
+
+#include "dialogs/ui/choice_list.h"
+#include "dialogs/ui/tick_list_model.h"
+
+namespace vantrace {
+
+namespace {
+
+int selectedRow(const ChoiceList& view) {
+    const QModelIndexList rows = view.selectionModel()->selectedRows();
+    return rows.isEmpty() ? noEntry : rows.first().row();
+}
+
+}  // namespace
+
+NameListControl::NameListControl(ChoiceList& view) : m_view(view), m_model(new QStringListModel(&view)) {
+    m_view.setModel(m_model);
+}
+
+void NameListControl::read(NameList& form) const {
+    // What the program selected and the list doesn't show yet holds.
+    if (m_changes == form.changes) form.selected = selectedRow(m_view);
+}
+
+void NameListControl::write(const NameList& form) {
+    if (std::exchange(m_changes, form.changes) == form.changes) return;
+    QStringList texts;
+    for (const std::string& text : form.list) texts << QString::fromStdString(text);
+    m_model->setStringList(texts);
+    m_view.selectQuietly(form.selected);
+}
+
+TickListControl::TickListControl(ChoiceList& view,
+                                 std::function<void(std::size_t row, bool isTicked)> onTick)
+    : m_view(view), m_model(new TickListModel(&view)) {
+    m_model->onTick = std::move(onTick);
+    m_view.setModel(m_model);
+}
+
+void TickListControl::read(TickList& form) const {
+    if (m_changes == form.changes) form.selected = selectedRow(m_view);
+}
+
+void TickListControl::write(const TickList& form) {
+    const bool hasNewTicks = std::exchange(m_tickChanges, form.tickChanges) != form.tickChanges;
+    if (std::exchange(m_changes, form.changes) != form.changes) {
+        m_model->reset(form);
+        m_view.selectQuietly(form.selected);
+    } else if (hasNewTicks) {
+        m_model->update(form);
+    }
+}
+
+void PickListControl::read(PickList& form) const {
+    const int index = m_box.currentIndex();
+    if (index < 0 || index == form.selected) return;
+    // Not the box's own text: names come from files, and their bytes needn't survive the box.
+    form.select(static_cast<std::size_t>(index));
+}
+
+void PickListControl::write(const PickList& form) {
+    const QSignalBlocker quiet(m_box);
+    if (static_cast<std::size_t>(m_box.count()) != form.list.size()) {
+        m_box.clear();
+        for (const std::string& text : form.list) m_box.addItem(QString::fromStdString(text));
+        m_box.setCurrentIndex(noEntry);
+    }
+    int index = form.selected;
+    if (index == noEntry && !form.text.empty()) {
+        const auto entry = std::ranges::find(form.list, form.text);
+        if (entry != form.list.end()) index = static_cast<int>(entry - form.list.begin());
+    }
+    if (index == noEntry) m_box.setPlaceholderText(QString::fromStdString(form.text));
+    if (m_box.currentIndex() != index) m_box.setCurrentIndex(index);
+}
+
+}  // namespace vantrace

@@ -1,0 +1,23 @@
+// Fields, ticks and sliders between a form and its controls.
+#pragma once
+
+#include <string>
+
+class QLineEdit;
+class QSlider;
+
+namespace vantrace {
+
+struct SliderRange;
+
+/// Leaves the cursor of a field where it is, unless the text is another one.
+void writeField(QLineEdit& field, const std::string& text);
+/// A text that the field can't show to the last byte stays what it is until the user changes it.
+void readField(const QLineEdit& field, std::string& text);
+
+/// One step is a key, a big one is a click beside the handle.
+void setUpSlider(QSlider& slider, const SliderRange& range, int bigStep);
+/// Nobody is told of it.
+void writeSlider(QSlider& slider, int value);
+
+}  // namespace vantrace

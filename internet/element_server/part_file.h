@@ -1,0 +1,25 @@
+// The place beside a file where its next content arrives.
+#pragma once
+
+#include <filesystem>
+
+namespace vantrace {
+
+/// An empty file of a name of its own, "NAME.xxxxxx.part", in the folder of the file that it is for. Goes
+/// with this object.
+class PartFile {
+  public:
+    /// Throws FileError where none can be made, or where what is there already is no regular file or may not
+    /// be written: nothing has to arrive first to know.
+    explicit PartFile(const std::filesystem::path& target);
+    ~PartFile();
+    PartFile(const PartFile&) = delete;
+    PartFile& operator=(const PartFile&) = delete;
+
+    const std::filesystem::path& path() const { return m_path; }
+
+  private:
+    std::filesystem::path m_path;
+};
+
+}  // namespace vantrace

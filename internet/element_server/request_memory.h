@@ -1,0 +1,60 @@
+// Which addresses of the element server were asked, and when; also by the program's earlier runs.
+#pragma once
+
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "platform/clock.h"
+
+namespace vantrace {
+
+/// Kept in `fetches.dat` of the program folder: one line for each address that may not be asked yet, with the
+/// UTC of the request, the answer's status (0 before there was one), and the address. Written whole or not at
+/// all; a file that can't be written costs only what the next run would have known, one that can't be read or
+/// makes no sense tells nothing.
+///
+/// An address may be asked once in two hours; one that the server said it hasn't (404, 410), once in seven
+/// days, so that a group that has ceased doesn't stand in the way of all those after it with every update. A
+/// request that is told to lie in the future, because the clock has been set back, counts from now.
+class RequestMemory {
+  public:
+    explicit RequestMemory(const Clock& clock);
+
+    struct Wait {
+        /// UTC, a day number.
+        double notBefore = 0;
+        /// The server said that it hasn't got this.
+        bool isForUnknown = false;
+    };
+    /// What stands against asking now; nothing where nothing does. `folder` is the program folder.
+    std::optional<Wait> waitFor(const std::string& folder, const std::string& url);
+    /// Counts from now on.
+    void note(const std::string& folder, const std::string& url, int status);
+    /// The request never arrived.
+    void forget(const std::string& folder, const std::string& url);
+
+  private:
+    struct Request {
+        /// UTC, a day number.
+        double time = 0;
+        int status = 0;
+
+        double spanDays() const;
+    };
+
+    /// Takes in what another program has written; true when the file should be written again.
+    bool load(const std::string& folder);
+    void save(const std::string& folder);
+    void readLine(std::string_view line);
+    bool clean();
+    std::string text() const;
+
+    const Clock& m_clock;
+    std::map<std::string, Request> m_requests;
+    /// The file as it was read or written last.
+    std::string m_text;
+};
+
+}  // namespace vantrace

@@ -1,0 +1,142 @@
+#include "internet/element_update.h"
+
+#include <algorithm>
+#include <exception>
+#include <filesystem>
+#include <string_view>
+
+#include "catalogue/data_files.h"
+#include "catalogue/element_files.h"
+#include "core/core_services.h"
+#include "core/error_label.h"
+#include "core/labels.h"
+#include "core/program_state.h"
+#include "core/services.h"
+#include "internet/updates_form.h"
+#include "platform/file_replacement.h"
+#include "platform/text_file.h"
+
+namespace vantrace {
+
+namespace {
+
+constexpr std::string_view scratchFile = "keps.tmp";
+constexpr std::string_view scheme = "http://";
+constexpr std::string_view byHand = "1";
+
+constexpr std::size_t elementLineLength = 69;
+constexpr std::string_view standInLine1 =
+    "1 27061U 01058G   02011.88736545  .00000026  00000-0  10000-3 0   117";
+constexpr std::string_view standInLine2 =
+    "2 27061  82.5405 165.3114 0041850 199.5013 160.4475 12.53888826  1840";
+static_assert(standInLine1.size() == elementLineLength && standInLine2.size() == elementLineLength);
+
+/// A line, or what stands for it.
+std::string_view mended(std::string_view line) {
+    if (line.size() == elementLineLength) return line;
+    if (line.starts_with("1 ")) return standInLine1;
+    if (line.starts_with("2 ")) return standInLine2;
+    return line;
+}
+
+struct MendedText {
+    std::string text;
+    bool isCropped = false;
+};
+
+/// A lone CR ends a line, too; of several in front of an LF only the last line end counts.
+MendedText mendedText(std::string_view content) {
+    MendedText result;
+    for (LineReader lines(content); !lines.atEnd();) {
+        std::string_view rest = lines.next();
+        while (rest.ends_with('\r')) rest.remove_suffix(1);
+        bool isLast = false;
+        while (!isLast) {
+            const std::size_t end = std::min(rest.find('\r'), rest.size());
+            const std::string_view line = rest.substr(0, end);
+            const std::string_view kept = mended(line);
+            result.isCropped = result.isCropped || kept != line;
+            result.text += kept;
+            result.text += lineEnd;
+            isLast = end == rest.size();
+            rest.remove_prefix(std::min(end + 1, rest.size()));
+        }
+    }
+    return result;
+}
+
+/// Runs the steps of the job; the user is told of each that fails.
+class MessageLabel {
+  public:
+    MessageLabel(const UpdatesForm& form, Services& services) : m_form(form), m_services(services) {}
+
+    template <class Step>
+    void step(Step&& work) {
+        try {
+            std::forward<Step>(work)();
+        } catch (const std::exception& failure) {
+            m_services.dialogs.message(
+                "Error : " + std::string(failure.what()) +
+                " When trying to update the keps, Proxy=" + (m_form.OPproxyON[1] ? "True" : "False"));
+        }
+    }
+
+  private:
+    const UpdatesForm& m_form;
+    Services& m_services;
+};
+
+void updateGroup(const std::string& url, UpdatesForm& form, ProgramState& state, Services& services,
+                 MessageLabel& label) {
+    const std::string file = dataFile(state, elementFileName(url)).string();
+    label.step([&] { fetchTo(form, services, url, file); });
+    label.step([&] { services.events.yield(); });
+    const std::string word = CheckKepFile(state, services, file);
+    label.step([&] {
+        form.txtStatus +=
+            url + "   -  Size : " + kilobytesText(file, services) + " Kb " + word + std::string(lineEnd);
+    });
+}
+
+}  // namespace
+
+void BUTupdateKeps_Click(UpdatesForm& form, ProgramState& state, Services& services) {
+    if (form.isWorking) return;
+    const UpdateJob job(form);
+    MessageLabel label(form, services);
+    form.txtStatus += "Updating Keplerian Elements..." + std::string(lineEnd);
+    label.step([&] { services.events.yield(); });
+    int updated = 0;
+    for (std::size_t i = 1; static_cast<std::ptrdiff_t>(i) <= state.GroupCount; ++i) {
+        if (form.isUnloaded) return;
+        GroupRecord group;
+        label.step([&] { group = state.Groups[i]; });
+        if (group.Flag == byHand) continue;
+        const std::string url = std::string(scheme) + group.Url;
+        if (url.find('/') == std::string::npos) {
+            services.dialogs.message("The GROUPS.DAT file is corrupt");
+            return;
+        }
+        updateGroup(url, form, state, services, label);
+        ++updated;
+    }
+    if (form.isUnloaded) return;
+    Speak(services, std::to_string(updated) + " Groups Updated.");
+    form.txtStatus += "Done." + std::string(lineEnd);
+}
+
+std::string CheckKepFile(ProgramState& state, Services& services, const std::string& file) {
+    ErrorLabel label(services, labels::updateCONCheckKepFile);
+    const std::filesystem::path scratch = dataFile(state, scratchFile);
+    MendedText mendedFile;
+    const bool isMended = label.step([&] {
+        mendedFile = mendedText(readTextFile(file, elementFileLimitBytes));
+        replaceFile(scratch, mendedFile.text);
+    });
+    // At every instant the old file is there or the new one; without a new one the old one stays.
+    if (isMended) label.quietStep([&] { std::filesystem::rename(scratch, file); });
+    label.quietStep([&] { std::filesystem::remove(scratch); });
+    return mendedFile.isCropped ? "CROPPED" : "OK";
+}
+
+}  // namespace vantrace

@@ -1,0 +1,51 @@
+// HTTP by Qt Network.
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "platform/http_client.h"
+
+class QThread;
+
+namespace vantrace {
+
+class HttpWorker;
+
+struct HttpLimits {
+    /// Without any sign of life from the other side.
+    std::chrono::milliseconds quiet{30'000};
+    /// For one request with all its redirects.
+    std::chrono::milliseconds whole{600'000};
+    /// Of a body, unpacked.
+    std::int64_t bodyBytes = 64 * 1024 * 1024;
+};
+
+/// Needs a QCoreApplication. Everything happens on a thread of its own, made at the first request.
+/// Certificates that the machine doesn't trust are refused. The only proxy is that of the request, whatever
+/// the desktop has set. No cookies.
+class QtHttpClient final : public HttpClient {
+  public:
+    /// What the program calls itself towards servers, such as "Vantrace/1.0".
+    explicit QtHttpClient(std::string_view userAgent, HttpLimits limits = {});
+    /// Waits for the thread at most 1 second.
+    ~QtHttpClient() override;
+    QtHttpClient(const QtHttpClient&) = delete;
+    QtHttpClient& operator=(const QtHttpClient&) = delete;
+
+    HttpAnswer get(const HttpRequest& request) override;
+
+  private:
+    bool startThread();
+
+    const std::string m_userAgent;
+    const HttpLimits m_limits;
+    QThread* m_thread = nullptr;
+    /// Belongs to the thread, and ends with it.
+    HttpWorker* m_worker = nullptr;
+    bool m_isBusy = false;
+};
+
+}  // namespace vantrace

@@ -1,0 +1,53 @@
+// The line, told over a socket.
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <memory>
+#include <string_view>
+
+#include "platform/line_publisher.h"
+
+namespace vantrace {
+
+/// Where programs find the line.
+struct LinePlaces {
+    /// On 127.0.0.1, TCP.
+    std::uint16_t port = 7867;
+    /// A socket in the file system, for this user alone; empty for none.
+    std::filesystem::path socket;
+};
+
+/// "vantrace-tracking" in the user's folder for running programs ($XDG_RUNTIME_DIR), beside the port. Without
+/// such a folder there is the port alone.
+LinePlaces usualLinePlaces();
+
+/// Needs a QCoreApplication. Everything happens on a thread of its own, made at the first line that isn't
+/// empty: no port is open before.
+///
+/// Who connects gets the present line at once and each further one as it is published, each ended by LF. An
+/// empty line tells those who are connected that the line was switched off, once; who connects while it is
+/// off hears nothing until there is a line again. Both places stay open until the program ends.
+///
+/// Nobody is waited for: to whom some lines are still unsent, those that follow are left out, but for the
+/// newest, which he gets next; none is ever cut. What is sent here is thrown away, and who sends much is cut
+/// off; at most 16 are served at a time. A place that another program holds is done without, and tried again
+/// now and then.
+class QtLinePublisher final : public LinePublisher {
+  public:
+    explicit QtLinePublisher(LinePlaces places);
+    /// Waits for the thread at most 1 second.
+    ~QtLinePublisher() override;
+    QtLinePublisher(const QtLinePublisher&) = delete;
+    QtLinePublisher& operator=(const QtLinePublisher&) = delete;
+
+    /// Of lines that follow each other at once only the newest may be told. A line end within a line becomes
+    /// a blank; of more than 1000 bytes the rest is cut.
+    void publish(std::string_view line) override;
+
+  private:
+    class Desk;
+    std::unique_ptr<Desk> m_desk;
+};
+
+}  // namespace vantrace

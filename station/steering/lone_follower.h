@@ -1,0 +1,29 @@
+// Following the line alone, where nobody knows the path that lies ahead.
+#pragma once
+
+#include <optional>
+
+#include "station/steering/direction.h"
+
+namespace vantrace {
+
+/// Goes on from the last position for as long as the limits allow it. Where there is a choice, at the start
+/// and at a turn, the way with the most room in the direction of the movement is taken.
+class LoneFollower {
+  public:
+    /// The rotator's position for the next direction, a second after the last; nothing where the first two
+    /// directions are needed to see which way it goes.
+    std::optional<RotatorPosition> follow(const Direction& direction, const RotatorLimits& limits);
+    /// Whether the position that was given last lies on another turn than the one before.
+    bool hasTurned() const { return m_hasTurned; }
+
+  private:
+    RotatorPosition chosen(const Direction& direction, const RotatorLimits& limits) const;
+
+    std::optional<Direction> m_seen;
+    std::optional<RotatorPosition> m_last;
+    double m_movementDeg = 0.0;
+    bool m_hasTurned = false;
+};
+
+}  // namespace vantrace

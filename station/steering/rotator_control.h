@@ -1,0 +1,57 @@
+// A rotator behind its daemon: where it is to stand, where it stands, and what it can do.
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+
+#include "station/steering/daemon_session.h"
+#include "station/steering/direction.h"
+
+namespace vantrace {
+
+class RotatorControl {
+  public:
+    /// `deadBandDeg`: a position that is nearer to the last one told, in both angles, isn't told. The session
+    /// outlives this and belongs to it.
+    RotatorControl(DaemonSession& session, double deadBandDeg, Tell tell);
+
+    /// Has the rotator go to a position, now or as soon as it is connected and asked for again.
+    void point(const RotatorPosition& position);
+    /// The same for one that is to be reached exactly.
+    void pointExactly(const RotatorPosition& position);
+    /// Lets it stop where it is.
+    void stop();
+    /// Sends it where the daemon knows that it rests.
+    void park();
+    /// Asks now and then where it stands.
+    void tick(double now);
+
+    /// Where it said that it stands; nothing before it has said so.
+    const std::optional<RotatorPosition>& present() const { return m_present; }
+    /// The limits that the daemon tells; nothing before it has.
+    const std::optional<RotatorLimits>& limits() const { return m_limits; }
+    /// Called when the limits have been told, and whenever they are others.
+    std::function<void()> onLimits;
+
+  private:
+    void go(const RotatorPosition& position, double leastDeg);
+    void askForLimits();
+    void takeLimits(const DaemonReply& reply);
+    void takePosition(const DaemonReply& reply);
+    void tellRefusal(const std::string& command, int code);
+
+    DaemonSession& m_session;
+    double m_deadBandDeg;
+    Tell m_tell;
+    std::optional<RotatorPosition> m_told;
+    std::optional<RotatorPosition> m_present;
+    std::optional<RotatorLimits> m_limits;
+    int m_refusal = 0;
+    double m_nextQuestion = 0.0;
+};
+
+/// "+P 123.40 45.00": as the daemon wants it, whatever the machine's decimal mark.
+std::string positionCommand(const RotatorPosition& position);
+
+}  // namespace vantrace

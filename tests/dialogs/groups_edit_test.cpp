@@ -1,0 +1,151 @@
+#include "core/labels.h"
+#include "tests/dialogs/groups_test.h"
+
+namespace vantrace {
+namespace {
+
+class GroupsEditTest : public GroupsTest {
+  protected:
+    void fillTable() {
+        for (int i = 4; i <= 40; ++i) state.Groups[i] = {"G" + std::to_string(i), "letters.txt", "1"};
+        state.GroupCount = 40;
+    }
+    void expectGroup(int index, const GroupRecord& expected) {
+        EXPECT_EQ(state.Groups[index].Name, expected.Name);
+        EXPECT_EQ(state.Groups[index].Url, expected.Url);
+        EXPECT_EQ(state.Groups[index].Flag, expected.Flag);
+    }
+};
+
+TEST_F(GroupsEditTest, AGroupOfTheServerIsAdded) {
+    fakes.folder.write("hosts.dat", "elementHost=elements.example.org\n");
+    load();
+    BUTaddCelestrak_Click(form, state, services);
+    EXPECT_EQ(messages(), Texts{"Select a group first, then click this button"});
+    EXPECT_EQ(state.GroupCount, 3);
+    form.COMCelestrak.select(22);
+    BUTaddCelestrak_Click(form, state, services);
+    EXPECT_EQ(state.GroupCount, 4);
+    expectGroup(4, {"Tracking and Data Relay", "elements.example.org/NORAD/elements/tdrss.txt", "0"});
+    EXPECT_EQ(form.GroupList.list.back(), "Tracking and Data Relay");
+    EXPECT_EQ(form.GroupList.selected, 0);
+}
+
+TEST_F(GroupsEditTest, AGroupIsAddedByHandWithAnyAnswers) {
+    load();
+    fakes.dialogs.saysYes = true;
+    type({std::nullopt, "My birds", "example.org/birds.txt"});
+    BUTaddgroup_Click(form, state, services);
+    expectGroup(4, {"My birds", "example.org/birds.txt", "0"});
+    EXPECT_EQ(fakes.dialogs.titles, (Texts{"Update", "Display name", "Web Address of Keplerian Elements"}));
+    EXPECT_EQ(messages().back(),
+              "Type the Full Web site Address (not including 'http://') Eg. "
+              "celestrak.org/NORAD/elements/amateur.txt");
+    EXPECT_EQ(fakes.dialogs.proposals, (Texts{"New Group", ""}));
+
+    fakes.dialogs.saysYes = false;
+    type({std::nullopt, "Mine", "my.txt"});
+    BUTaddgroup_Click(form, state, services);
+    expectGroup(5, {"Mine", "my.txt", "1"});
+    EXPECT_EQ(fakes.dialogs.titles.back(), "Manually updated Keps");
+    type({});
+    BUTaddgroup_Click(form, state, services);
+    expectGroup(6, {"", "", "1"});
+    EXPECT_EQ(state.GroupCount, 6) << "cancelled questions add a group all the same";
+}
+
+TEST_F(GroupsEditTest, AFortyFirstGroupIsListedCountedAndNotStored) {
+    fillTable();
+    load();
+    form.COMCelestrak.select(0);
+    BUTaddCelestrak_Click(form, state, services);
+    EXPECT_EQ(form.GroupList.list.size(), 41U);
+    EXPECT_EQ(state.GroupCount, 41);
+    EXPECT_EQ(fakes.logged(labels::groupsCONBUTaddCelestrak), 1);
+    choose(40);
+    EXPECT_EQ(fakes.logged(labels::conGroupsGrouplistClick), 1);
+    Form_Unload(form, state, services);
+    EXPECT_EQ(state.GroupCount, 40) << "what the table doesn't hold counts no more";
+    EXPECT_TRUE(fakes.folder.read("groups.dat").ends_with("G40,letters.txt,1\r\n")) << "no group is lost";
+}
+
+TEST_F(GroupsEditTest, DeletingMovesTheLaterGroupsUp) {
+    load();
+    form.GroupList.selected = 0;
+    BUTdeletegroup_Click(form, state, services);
+    EXPECT_EQ(state.GroupCount, 2);
+    expectGroup(1, {"Others", "others.txt", "1"});
+    expectGroup(2, {"Missing", "example.org/gone.txt", "0"});
+    EXPECT_EQ(form.GroupList.list, (Texts{"Others", "Missing"}));
+    EXPECT_EQ(form.GroupList.selected, 0);
+    EXPECT_EQ(satellites(), Texts{"DELTA"}) << "the first group is shown";
+    EXPECT_TRUE(fakes.folder.exists("letters.txt"));
+    for (int i = 0; i < 3; ++i) BUTdeletegroup_Click(form, state, services);
+    EXPECT_EQ(state.GroupCount, 0);
+    EXPECT_TRUE(form.GroupList.list.empty());
+    EXPECT_TRUE(fakes.logLines().empty());
+}
+
+TEST_F(GroupsEditTest, OneOfFortyCanBeDeleted) {
+    fillTable();
+    load();
+    form.GroupList.selected = 4;
+    BUTdeletegroup_Click(form, state, services);
+    EXPECT_EQ(state.GroupCount, 39);
+    EXPECT_EQ(state.Groups[5].Name, "G6");
+    EXPECT_EQ(state.Groups[39].Name, "G40");
+}
+
+TEST_F(GroupsEditTest, AFavouriteIsMadeThePrimaryOne) {
+    for (const char* const name : {"ALPHA", "DELTA", "CHARLIE", "ECHO"}) addFavourite(name);
+    load();
+    BUTmakeprime_Click(form, state, services);
+    EXPECT_TRUE(messages().empty()) << "nothing is chosen";
+    select(2);
+    BUTmakeprime_Click(form, state, services);
+    EXPECT_EQ(favourites(), (Texts{"CHARLIE", "DELTA", "ALPHA", "ECHO"}));
+    EXPECT_EQ(messages(), Texts{"Primary Favourite Satellite changed from ALPHA to CHARLIE"});
+    BUTmakeprime_Click(form, state, services);
+    EXPECT_EQ(favourites(), (Texts{"CHARLIE", "DELTA", "ALPHA", "ECHO"}));
+}
+
+TEST_F(GroupsEditTest, OneThatIsNoFavouriteDrivesOutTheFirst) {
+    addFavourite("DELTA");
+    addFavourite("ECHO");
+    load();
+    select(1);
+    BUTmakeprime_Click(form, state, services);
+    EXPECT_EQ(favourites(), (Texts{"BRAVO", "ECHO"}));
+    EXPECT_EQ(state.Favourites[0].Name, "DELTA");
+    EXPECT_EQ(messages(), Texts{"Primary Favourite Satellite changed from DELTA to BRAVO"});
+}
+
+TEST_F(GroupsEditTest, TheWebIsSearchedForTheSatellite) {
+    fakes.folder.write("letters.txt", setOf("ISS (ZARYA) &+#", "26233.5"));
+    load();
+    BUTfindInfo_Click(form, state, services);
+    EXPECT_TRUE(fakes.desktop.opened.empty());
+    select(0);
+    BUTfindInfo_Click(form, state, services);
+    ASSERT_EQ(fakes.desktop.opened.size(), 1U);
+    EXPECT_TRUE(
+        fakes.desktop.opened[0].ends_with("/search?hl=en&q=ISS+(ZARYA)+%26%2B%23+satellite"));
+}
+
+TEST_F(GroupsEditTest, MoreIsAskedForWhereNothingIsKnown) {
+    fakes.folder.write("hosts.dat", "maintainer=keeper@example.org\n");
+    fakes.folder.write("letters.txt", setOf("ISS (ZARYA)", "26233.5"));
+    load();
+    select(0);
+    Details_Click(form, state, services);
+    ASSERT_EQ(messages().size(), 1U);
+    EXPECT_TRUE(messages()[0].starts_with("A Request will now be sent via your email program for "));
+    EXPECT_EQ(fakes.desktop.opened,
+              Texts{"mailto:keeper@example.org?subject=Satellite%20Info%20Request%20for%20ISS_(ZARYA)"});
+    choose(0);
+    Details_Click(form, state, services);
+    EXPECT_EQ(messages().size(), 1U) << "nothing is chosen";
+}
+
+}  // namespace
+}  // namespace vantrace

@@ -1,0 +1,155 @@
+#include "dialogs/groups_settings.h"
+
+#include <chrono>
+
+#include "core/labels.h"
+#include "tests/dialogs/dialogs_test.h"
+#include "tests/dialogs/groups_test.h"
+
+namespace vantrace {
+namespace {
+
+using GroupsSettingsTest = GroupsTest;
+
+TEST_F(GroupsSettingsTest, OpensWithTheFirstGroupAndItsFavouritesTicked) {
+    addFavourite("BRAVO");
+    load();
+    EXPECT_EQ(form.GroupList.list, (Texts{"Letters", "Others", "Missing"}));
+    EXPECT_EQ(form.GroupList.selected, 0);
+    EXPECT_EQ(satellites(), (Texts{"ALPHA", "BRAVO", "CHARLIE"}));
+    EXPECT_EQ(ticked(), Texts{"BRAVO"});
+    EXPECT_EQ(state.FavouriteCount, 1) << "the program's own ticks add nothing";
+    EXPECT_EQ(form.Details, "No Information.");
+    EXPECT_EQ(form.COMCelestrak.text, "Select a Celestrak Group");
+    EXPECT_EQ(form.COMCelestrak.list.size(), 27U);
+    EXPECT_EQ(form.COMCelestrak.list.front(), "Amateur");
+    EXPECT_EQ(publicElementFiles().back().file, "x-comm.txt");
+}
+
+TEST_F(GroupsSettingsTest, AGroupIsRealSetsWithNamesCutToFifteen) {
+    const std::string text = "a remark\r\nanother\r\n" + setOf("A NAME THAT IS TOO LONG", "26233.53315667") +
+                             setOf("NO EPOCH", "00000.00000000") + setOf("  LAST  ", "26233.5") +
+                             "ONLY A NAME\r\n";
+    fakes.folder.write("others.txt", text);
+    load();
+    choose(1);
+    EXPECT_EQ(satellites(), (Texts{"A NAME THAT IS", "LAST"}));
+    for (const char* const end : {"", "CUT SHORT", "CUT SHORT\r\n1 00001U", "   \r\n1 x\r\n2 x\r\n"}) {
+        fakes.folder.write("others.txt", setOf("FIRST", "26233.5") + end);
+        choose(1);
+        EXPECT_EQ(satellites(), Texts{"FIRST"}) << end;
+    }
+    EXPECT_TRUE(messages().empty());
+}
+
+TEST_F(GroupsSettingsTest, AMissingFileIsToldAndTheListStays) {
+    load();
+    choose(2);
+    EXPECT_EQ(messages(),
+              Texts{"gone.txt satellite group keps are not updated yet, the keplerian file doesn't exist"});
+    EXPECT_EQ(satellites().size(), 3U);
+    state.Groups[3].Url = "";
+    choose(2);
+    EXPECT_EQ(messages().size(), 2U);
+    state.Groups[3].Url = "folder/..";
+    choose(2);
+    EXPECT_EQ(fakes.logged(labels::conGroupsGrouplistClick), 1) << "a folder is no file";
+}
+
+TEST_F(GroupsSettingsTest, OnlyTheUsersTicksChangeFavourites) {
+    load();
+    tickSatellite(form, state, services, 0, true);
+    EXPECT_EQ(state.FavouriteCount, 0);
+    EXPECT_EQ(ticked(), Texts{"ALPHA"});
+    SatelliteList_MouseDown(form);
+    tickSatellite(form, state, services, 0, false);
+    tickSatellite(form, state, services, 2, true);
+    tickSatellite(form, state, services, 2, true);
+    SatelliteList_MouseUp(form);
+    EXPECT_EQ(favourites(), Texts{"CHARLIE"});
+    SatelliteList_MouseDown(form);
+    tickSatellite(form, state, services, 2, false);
+    EXPECT_EQ(state.FavouriteCount, 0);
+}
+
+TEST_F(GroupsSettingsTest, SelectAllLeavesTheNextGroupDoubled) {
+    addFavourite("DELTA");
+    load();
+    BUTsel_Click(form, state, services);
+    EXPECT_EQ(favourites(), (Texts{"DELTA", "ALPHA", "BRAVO", "CHARLIE"}));
+    EXPECT_EQ(fakes.events.yields > 0, true);
+    choose(1);
+    EXPECT_EQ(favourites(), (Texts{"DELTA", "ALPHA", "BRAVO", "CHARLIE", "DELTA"}));
+    SatelliteList_MouseUp(form);
+    choose(1);
+    EXPECT_EQ(state.FavouriteCount, 5) << "until the mouse is released";
+    choose(0);
+    BUTdesel_Click(form, state, services);
+    EXPECT_EQ(favourites(), (Texts{"DELTA", "DELTA"}));
+    EXPECT_TRUE(form.UserIsChecking);
+}
+
+TEST_F(GroupsSettingsTest, ASatelliteInTwoGroupsIsTickedInBoth) {
+    fakes.folder.write("others.txt", setOf("ALPHA", "26233.5"));
+    addFavourite("ALPHA");
+    load();
+    EXPECT_EQ(ticked(), Texts{"ALPHA"});
+    choose(1);
+    EXPECT_EQ(ticked(), Texts{"ALPHA"});
+    SatelliteList_MouseDown(form);
+    tickSatellite(form, state, services, 0, false);
+    SatelliteList_MouseUp(form);
+    choose(0);
+    EXPECT_TRUE(ticked().empty());
+}
+
+TEST_F(GroupsSettingsTest, TheThreeDimensionalViewIsWarnedOfOnce) {
+    state.ThreeDViewActive = true;
+    addFavourite("ALPHA");
+    load();
+    EXPECT_TRUE(messages().empty()) << "not while it opens";
+    showFake("frmCONGroups");
+    choose(1);
+    EXPECT_TRUE(messages().empty()) << "no tick changes";
+    choose(0);
+    choose(0);
+    EXPECT_EQ(messages(), Texts{"As you have activated the 3D view, Changes to your favourites won't take "
+                                "effect until you restart vantrace."})
+        << "also for the program's own ticks";
+}
+
+TEST_F(GroupsSettingsTest, TellsWhatIsKnownAboutASatellite) {
+    load();
+    select(1);
+    EXPECT_EQ(form.Details, "Data for BRAVO\r\nBeacon: 145.8\r\nNotes: ");
+    Details_Click(form, state, services);
+    EXPECT_TRUE(fakes.desktop.opened.empty());
+    select(0);
+    EXPECT_TRUE(form.Details.starts_with("You can still track the position of this Satellite, but No further"));
+}
+
+TEST_F(GroupsSettingsTest, ClosingWritesBothFiles) {
+    load();
+    addFavourite("ALPHA");
+    state.Groups[2].Name = "Renamed";
+    Form_Unload(form, state, services);
+    EXPECT_EQ(fakes.folder.read("faves.dat"), "ALPHA\r\n");
+    EXPECT_EQ(fakes.folder.read("groups.dat"),
+              "Letters,example.org/a/letters.txt,0\r\nRenamed,others.txt,1\r\nMissing,example.org/gone.txt,0\r\n");
+}
+
+TEST_F(GroupsSettingsTest, FifteenThousandSatellitesAreListedWithinASecond) {
+    std::string text;
+    for (int i = 0; i < 15000; ++i) text += setOf("SAT " + std::to_string(i), "26233.53315667");
+    fakes.folder.write("others.txt", text);
+    for (int i = 0; i < 499; ++i) addFavourite("SAT " + std::to_string(20000 + i));
+    load();
+    const auto start = std::chrono::steady_clock::now();
+    choose(1);
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(1));
+    EXPECT_EQ(form.SatelliteList.list.size(), 15000U);
+    EXPECT_TRUE(ticked().empty());
+}
+
+}  // namespace
+}  // namespace vantrace

@@ -1,0 +1,121 @@
+#include "internet/clock_sync.h"
+
+#include "tests/internet/updates_test.h"
+
+namespace vantrace {
+namespace {
+
+class ClockSyncTest : public UpdatesTest {
+  protected:
+    ClockSyncTest() {
+        fakes.clock.setLocal({2026, 8, 23, 12, 30, 15}, 120);
+        fakes.folder.write("hosts.dat", "timeHost=time.example\n");
+        serverSays("08/23/2026", "12:30:15");
+    }
+    void serverSays(const char* date, const char* time) {
+        fakes.timeClient.dateText = date;
+        fakes.timeClient.timeText = time;
+    }
+    void run() {
+        form = {};
+        fakes.speech.texts.clear();
+        fakes.dialogs.messages.clear();
+        fakes.dialogs.titles.clear();
+        BUTsyncClock_Click(form, state, fakes.services);
+    }
+
+    static constexpr const char* start =
+        "Checking your PC clock with Atomic Clock...\r\n\r\nConnecting to Atomic Clock Server...\r\n";
+    static constexpr const char* noConnection =
+        "Couldn't connect to Time server, some firewall software can cause this, try again later";
+};
+
+TEST_F(ClockSyncTest, AClockLessThanTwoSecondsOutIsPerfectWhateverTheDay) {
+    const std::pair<const char*, const char*> cases[] = {{"08/23/2026", "12:30:15"},
+                                                         {"08/23/2026", "12:30:14"},
+                                                         {"08/23/2026", "12:30:16"},
+                                                         {"08/22/2026", "12:30:15"},
+                                                         {"08/30/2026", "12:30:16"}};
+    for (const auto& [date, time] : cases) {
+        serverSays(date, time);
+        fakes.clock.setMicroseconds(999999);
+        run();
+        EXPECT_EQ(fakes.dialogs.messages, std::vector<std::string>{"Your PC is perfectly syncronized."})
+            << time;
+        EXPECT_EQ(fakes.speech.texts, fakes.dialogs.messages);
+        EXPECT_EQ(form.txtStatus, start);
+    }
+    EXPECT_EQ(fakes.timeClient.host, "time.example");
+    EXPECT_EQ(fakes.timeClient.timeoutSeconds, 15);
+    EXPECT_EQ(fakes.timeClient.settings, 0);
+}
+
+TEST_F(ClockSyncTest, TheSentenceTellsSecondsBeforeMinutesBeforeHours) {
+    struct Case {
+        const char* date;
+        const char* time;
+        const char* sentence;
+    };
+    const Case cases[] = {
+        {"08/23/2026", "12:30:17", "Your PC's Clock is 2 Seconds Slow. "},
+        {"08/23/2026", "12:30:13", "Your PC's Clock is 2 Seconds Fast. "},
+        {"08/23/2026", "13:32:18", "Your PC's Clock is 3 Seconds Slow. "},
+        {"08/23/2026", "12:31:16", "Your PC's Clock is 1 Seconds Slow. "},
+        {"08/23/2026", "12:33:15", "Your PC's Clock is 3 Minutes, and 0 Seconds Slow. "},
+        {"08/23/2026", "10:29:15", "Your PC's Clock is 1 Minutes, and 0 Seconds Fast. "},
+        {"08/23/2026", "10:30:15", "Your PC's Clock is 2 Hours, 0 Minutes, and 0 Seconds Fast. "},
+        {"08/24/2026", "13:30:15", "Your PC's Clock is 1 Hours, 0 Minutes, and 0 Seconds Slow. "},
+    };
+    for (const Case& each : cases) {
+        serverSays(each.date, each.time);
+        run();
+        EXPECT_EQ(fakes.speech.texts, std::vector<std::string>{each.sentence});
+        EXPECT_EQ(fakes.dialogs.messages,
+                  std::vector<std::string>{std::string(each.sentence) + " Synchronize ?"});
+        EXPECT_EQ(fakes.dialogs.titles, std::vector<std::string>{"PC Clock Accuracy"});
+        EXPECT_EQ(form.txtStatus, std::string(start) + "\r\nClock Not Synchronised");
+    }
+    EXPECT_EQ(fakes.timeClient.settings, 0);
+}
+
+TEST_F(ClockSyncTest, OnYesTheClockIsSetByAFreshQuery) {
+    serverSays("08/23/2026", "12:30:55");
+    fakes.dialogs.saysYes = true;
+    fakes.dialogs.onMessage = [this] { fakes.timeClient.host = "forgotten"; };
+    run();
+    EXPECT_EQ(fakes.timeClient.queries, 2);
+    EXPECT_EQ(fakes.timeClient.settings, 1);
+    EXPECT_EQ(fakes.timeClient.host, "time.example");
+    EXPECT_EQ(form.txtStatus, std::string(start) +
+                                  "\r\nSynchronizing PC clock with Atomic Clock..."
+                                  "Clock Synchronized, 12:30:15 Local Time\r\n");
+    EXPECT_EQ(fakes.speech.texts.back(), "Clock Syncronized.");
+
+    fakes.timeClient.setResult = 5;
+    run();
+    EXPECT_EQ(fakes.dialogs.messages.back(), noConnection);
+    EXPECT_TRUE(form.txtStatus.ends_with("Atomic Clock...")) << form.txtStatus;
+    EXPECT_EQ(fakes.speech.texts.size(), 1U);
+}
+
+TEST_F(ClockSyncTest, AServerThatDoesNotAnswerIsToldInTheStatus) {
+    fakes.timeClient.queryResult = 1;
+    run();
+    EXPECT_EQ(form.txtStatus, std::string(start) + "\r\n" + noConnection +
+                                  ", if you have a firewall, try allowing access to time.example on port 13");
+    EXPECT_TRUE(fakes.dialogs.messages.empty());
+    EXPECT_TRUE(fakes.speech.texts.empty());
+    EXPECT_EQ(fakes.logLines().size(), 0U);
+}
+
+TEST_F(ClockSyncTest, AnAnswerThatIsNoTimeIsLoggedAndTheJobGoesOn) {
+    for (const char* date : {"", "today", "08/23", "99999/1/1"}) {
+        serverSays(date, "12:30:15");
+        run();
+        EXPECT_EQ(fakes.dialogs.titles, std::vector<std::string>{"PC Clock Accuracy"}) << date;
+    }
+    EXPECT_EQ(fakes.logged("UpdateCON - SyncClock"), 4);
+}
+
+}  // namespace
+}  // namespace vantrace

@@ -1,0 +1,85 @@
+// The fetcher over an Internet that a test writes.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "core/program_state.h"
+#include "internet/element_server/http_fetcher.h"
+#include "tests/support/fake_clock.h"
+#include "tests/support/temporary_folder.h"
+
+namespace vantrace {
+
+/// Writes down what is asked, and answers what a test wants.
+class FakeHttpClient final : public HttpClient {
+  public:
+    HttpAnswer get(const HttpRequest& request) override {
+        requests.push_back(request);
+        if (onGet) onGet();
+        std::ofstream(request.file, std::ios::binary) << body;
+        return answer;
+    }
+
+    void answers(int status, std::string text, std::string content) {
+        answer = {HttpFailure::none, status, std::move(text), false, true};
+        body = std::move(content);
+    }
+    void fails(HttpFailure failure, bool mayHaveArrived) {
+        answer = {failure, 0, "It broke", false, mayHaveArrived};
+        body = "half";
+    }
+
+    std::vector<HttpRequest> requests;
+    HttpAnswer answer;
+    std::string body;
+    /// While the answer arrives.
+    std::function<void()> onGet;
+};
+
+class FetcherTest : public ::testing::Test {
+  protected:
+    FetcherTest() {
+        state.AppPath = folder.appPath();
+        restart();
+    }
+
+    /// Another run of the program.
+    void restart() {
+        fetcher = std::make_unique<HttpFetcher>(client, clock, state,
+                                                [this](std::string_view text) { told.emplace_back(text); });
+    }
+    std::optional<FetchError> fetch(const std::string& group) {
+        return fetcher->FetchToFile("http://celestrak.org/NORAD/elements/" + group + ".txt",
+                                    folder.appPath() + group + ".txt");
+    }
+    /// "" for success.
+    std::string messageOf(const std::optional<FetchError>& error) const {
+        return error ? error->message : "";
+    }
+    int codeOf(const std::optional<FetchError>& error) const { return error ? error->code : 0; }
+    int codeOf(FetchFailure failure) const { return static_cast<int>(failure); }
+    void advanceMinutes(int minutes) { clock.advanceSeconds(minutes * 60); }
+
+    const std::string csv =
+        "OBJECT_NAME,OBJECT_ID,EPOCH,MEAN_MOTION,ECCENTRICITY,INCLINATION,RA_OF_ASC_NODE,ARG_OF_PERICENTER,"
+        "MEAN_ANOMALY,EPHEMERIS_TYPE,CLASSIFICATION_TYPE,NORAD_CAT_ID,ELEMENT_SET_NO,REV_AT_EPOCH,BSTAR,"
+        "MEAN_MOTION_DOT,MEAN_MOTION_DDOT\r\n"
+        "ISS (ZARYA),1998-067A,2026-08-06T01:17:37.872384,15.49359774,.00072161,51.6321,53.3065,17.1615,"
+        "342.9616,0,U,25544,999,57948,.7969016E-4,.3997E-4,0\r\n";
+
+    TemporaryFolder folder;
+    FakeClock clock;
+    ProgramState state;
+    FakeHttpClient client;
+    std::vector<std::string> told;
+    std::unique_ptr<HttpFetcher> fetcher;
+};
+
+}  // namespace vantrace

@@ -1,0 +1,148 @@
+#include "internet/element_server/http_fetcher.h"
+
+#include <sys/stat.h>
+
+#include "orbit/elements/element_reader.h"
+#include "platform/text_file.h"
+#include "tests/internet/element_server/fetcher_test.h"
+
+namespace vantrace {
+namespace {
+
+constexpr const char* plainUrl = "http://update.example/satellite.dat";
+
+TEST_F(FetcherTest, APlainPageReplacesTheFileWhateverItHolds) {
+    folder.write("satellite.dat", "old");
+    client.answers(200, "OK", "<html>sorry</html>");
+    client.onGet = [this] { EXPECT_EQ(folder.read("satellite.dat"), "old") << "until all is there"; };
+    EXPECT_EQ(messageOf(fetcher->FetchToFile(plainUrl, folder.appPath() + "satellite.dat")), "");
+    EXPECT_EQ(folder.read("satellite.dat"), "<html>sorry</html>");
+    EXPECT_EQ(folder.names(), std::vector<std::string>{"satellite.dat"});
+    EXPECT_EQ(client.requests.at(0).url, plainUrl);
+    EXPECT_FALSE(client.requests.at(0).proxy);
+    EXPECT_EQ(client.requests.at(0).redirects, HttpRedirects::anyHost);
+}
+
+TEST_F(FetcherTest, AFailureLeavesTheOldFileAndNothingElse) {
+    folder.write("satellite.dat", "old");
+    const std::string file = folder.appPath() + "satellite.dat";
+    client.answers(404, "Not Found", "<html>no</html>");
+    auto error = fetcher->FetchToFile(plainUrl, file);
+    EXPECT_EQ(messageOf(error), "Not Found");
+    EXPECT_EQ(codeOf(error), 404);
+    client.answers(500, "", "");
+    error = fetcher->FetchToFile(plainUrl, file);
+    EXPECT_EQ(messageOf(error), "The server's answer");
+    EXPECT_EQ(codeOf(error), 500);
+    client.fails(HttpFailure::closed, true);
+    error = fetcher->FetchToFile(plainUrl, file);
+    EXPECT_EQ(messageOf(error), "It broke");
+    EXPECT_EQ(codeOf(error), static_cast<int>(HttpFailure::closed));
+    EXPECT_EQ(folder.read("satellite.dat"), "old");
+    EXPECT_EQ(folder.names(), std::vector<std::string>{"satellite.dat"});
+    EXPECT_EQ(client.requests.size(), 3U) << "plain hosts have no rules";
+}
+
+TEST_F(FetcherTest, WhatCanTakeNoFileIsKnownBeforeAnythingIsAsked) {
+    std::filesystem::create_directory(folder.path() / "folder");
+    ASSERT_EQ(mkfifo((folder.path() / "pipe").c_str(), 0600), 0);
+    for (const std::string name : {"folder", "folder/", "pipe", "none/here.txt", ""}) {
+        const auto error = fetcher->FetchToFile(plainUrl, folder.appPath() + name);
+        EXPECT_EQ(codeOf(error), static_cast<int>(HttpFailure::file)) << name;
+        EXPECT_NE(messageOf(error), "") << name;
+    }
+    EXPECT_TRUE(client.requests.empty());
+}
+
+TEST_F(FetcherTest, ProxyWordsAreTakenOrRefusedByTheirSense) {
+    client.answers(200, "OK", "new");
+    const auto via = [this](const std::string& host, const std::string& port, const std::string& user,
+                            const std::string& password) {
+        return fetcher->FetchToFileViaProxy(plainUrl, folder.appPath() + "x.dat", host, port, user, password);
+    };
+    for (const auto& [host, port] : std::vector<std::pair<std::string, std::string>>{{"", "80"},
+                                                                                     {" ", "80"},
+                                                                                     {"http://proxy", "80"},
+                                                                                     {"a b", "80"},
+                                                                                     {"proxy", ""},
+                                                                                     {"proxy", "0"},
+                                                                                     {"proxy", "65536"},
+                                                                                     {"proxy", "80a"},
+                                                                                     {"proxy", "-1"},
+                                                                                     {"proxy", "eighty"}}) {
+        const auto error = via(host, port, "", "");
+        EXPECT_EQ(codeOf(error), codeOf(FetchFailure::proxyWords)) << host << ":" << port;
+    }
+    EXPECT_TRUE(client.requests.empty());
+    EXPECT_FALSE(folder.exists("x.dat"));
+    EXPECT_EQ(messageOf(via(" proxy.example ", " 3128 ", "", "secret")), "");
+    EXPECT_EQ(messageOf(via("proxy.example", "3128", "me", "secret")), "");
+    ASSERT_EQ(client.requests.size(), 2U);
+    EXPECT_EQ(client.requests[0].proxy->host, "proxy.example");
+    EXPECT_EQ(client.requests[0].proxy->port, 3128);
+    EXPECT_EQ(client.requests[0].proxy->password, "") << "nobody's";
+    EXPECT_EQ(client.requests[1].proxy->user, "me");
+    EXPECT_EQ(client.requests[1].proxy->password, "secret");
+}
+
+TEST_F(FetcherTest, MessagesOfElementsBecomeThreeLineSets) {
+    client.answers(200, "OK", csv);
+    EXPECT_EQ(messageOf(fetch("stations")), "");
+    EXPECT_EQ(client.requests.at(0).url,
+              "https://celestrak.org/NORAD/elements/gp.php?GROUP=stations&FORMAT=csv");
+    EXPECT_EQ(client.requests.at(0).redirects, HttpRedirects::sameHost);
+    int sets = 0;
+    readElementSets(folder.read("stations.txt"),
+                    {[&](ElementSet&& set) {
+                         ++sets;
+                         EXPECT_EQ(set.name, "ISS (ZARYA)");
+                         EXPECT_EQ(set.catalogNumber, 25544);
+                     },
+                     [](ElementRemark&& remark) { ADD_FAILURE() << remark.reason; }});
+    EXPECT_EQ(sets, 1);
+    EXPECT_TRUE(told.empty());
+}
+
+TEST_F(FetcherTest, ASetThatIsLeftOutIsTold) {
+    client.answers(
+        200, "OK",
+        csv + "BROKEN,1998-067A,yesterday,15.4,.0007,51.6,53.3,17.1,342.9,0,U,25545,999,5,0,0,0\r\n");
+    EXPECT_EQ(messageOf(fetch("stations")), "");
+    ASSERT_EQ(told.size(), 1U);
+    EXPECT_EQ(told[0].rfind("stations.txt: left out: ", 0), 0U) << told[0];
+}
+
+TEST_F(FetcherTest, ThreeLineSetsAreTakenAsTheyStand) {
+    const std::string sets = readTextFile(std::string(VANTRACE_DATA_FOLDER) + "/stations.txt", 1 << 20);
+    client.answers(200, "OK", sets);
+    EXPECT_EQ(messageOf(fetch("stations")), "");
+    EXPECT_EQ(folder.read("stations.txt"), sets);
+}
+
+TEST_F(FetcherTest, AnAnswerWithoutAGoodSetReplacesNothing) {
+    const std::string heading = csv.substr(0, csv.find('\n') + 1);
+    int number = 0;
+    for (const std::string& content :
+         {std::string("<html>Service</html>"), std::string(), std::string("No GP data found"), heading,
+          heading + "X,Y,Z\r\n", std::string(3000, '\0')}) {
+        const std::string group = "group" + std::to_string(++number);
+        folder.write(group + ".txt", "old");
+        client.answers(200, "OK", content);
+        const auto error = fetch(group);
+        EXPECT_EQ(codeOf(error), codeOf(FetchFailure::noElements)) << content;
+        EXPECT_NE(messageOf(error).find("not asked again before 14:00:00"), std::string::npos)
+            << messageOf(error);
+        EXPECT_EQ(folder.read(group + ".txt"), "old");
+    }
+}
+
+TEST_F(FetcherTest, OtherPagesOfTheElementHostArentLookedAt) {
+    client.answers(200, "OK", "<html>catalogue</html>");
+    EXPECT_EQ(messageOf(fetcher->FetchToFile("http://celestrak.org/pub/satcat.csv",
+                                             folder.appPath() + "satcat.csv")),
+              "");
+    EXPECT_EQ(folder.read("satcat.csv"), "<html>catalogue</html>");
+}
+
+}  // namespace
+}  // namespace vantrace

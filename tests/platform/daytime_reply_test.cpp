@@ -1,0 +1,84 @@
+#include "platform/daytime_reply.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace vantrace {
+namespace {
+
+using namespace std::chrono;
+using namespace std::chrono_literals;
+
+constexpr UtcTime november23 = sys_days{2023y / 11 / 23} + 6h + 18min + 38s;
+
+UtcTime readAs(const std::string& text, UtcTime machine = november23, minutes ahead = 60min) {
+    const auto reply = readDaytimeReply(text);
+    return reply ? instantOf(*reply, machine, ahead) : UtcTime{};
+}
+
+TEST(DaytimeReply, ATextOfNistIsUtcAndAsFarAheadAsItSays) {
+    EXPECT_EQ(readAs("\n60271 23-11-23 06:18:38 00 0 0 895.3 UTC(NIST) * \n"), november23 - 895ms);
+    EXPECT_EQ(readAs("60271 23-11-23 06:18:38 50 1 0  50.0 UTC(NIST) *"), november23 - 50ms);
+}
+
+TEST(DaytimeReply, AServerThatIsntWellIsNotBelieved) {
+    for (const std::string health : {"1", "2", "3", "4", "9", "x"}) {
+        EXPECT_FALSE(readDaytimeReply("60271 23-11-23 06:18:38 00 0 " + health + " 895.3 UTC(NIST) *\n"))
+            << health;
+    }
+}
+
+TEST(DaytimeReply, FormsWithAZoneTellTheirInstant) {
+    // Without a fraction, the middle of the second.
+    for (const std::string text :
+         {"Thursday, November 23, 2023 06:18:38-UTC\r\n", "Thu, Nov, 23, 2023, 06:18:38-UTC",
+          "23 NOV 23 06:18:38 UTC", "23-NOV-2023 06:18:38 GMT", "Wednesday, November 22, 2023 22:18:38-PST",
+          "22 nov 23 22:18:38 pst", "Thu Nov 23 07:18:38 CET 2023\n", "Thu, 23 Nov 2023 07:18:38 +0100",
+          "2023-11-23T06:18:38Z", "2023-11-23 11:48:38 +05:30", "2023-11-23T01:18:38-05"}) {
+        EXPECT_EQ(readAs(text), november23 + 500ms) << text;
+    }
+    EXPECT_EQ(readAs("2023-11-23T06:18:38.25Z"), november23 + 250ms);
+    EXPECT_EQ(readAs("31 DEC 2023 23:59:60 UTC"), sys_days{2024y / 1 / 1} + 500ms) << "a leap second";
+}
+
+TEST(DaytimeReply, WithoutAZoneTheReadingNextToTheMachinesClockCounts) {
+    const auto machine = november23 + 3min;
+    EXPECT_EQ(readAs("Thu Nov 23 06:18:38 2023\n", machine, 60min), november23 + 500ms) << "UTC";
+    EXPECT_EQ(readAs("Thu Nov 23 07:18:38 2023\n", machine, 60min), november23 + 500ms) << "local";
+    EXPECT_EQ(readAs("Wed Nov 22 22:18:38 2023\n", machine, -480min), november23 + 500ms) << "local, west";
+}
+
+TEST(DaytimeReply, WhatIsntATimeIsRefused) {
+    for (const std::string text : {"",
+                                   "\r\n \r\n",
+                                   "hello",
+                                   "06:18:38",
+                                   "2023-11-23",
+                                   "23 NOV 2023 24:00:00 UTC",
+                                   "23 NOV 2023 06:60:00 UTC",
+                                   "30 FEB 2023 06:18:38 UTC",
+                                   "0 NOV 2023 06:18:38 UTC",
+                                   "23 NOV 2023 06:18:38 XYZ",
+                                   "23 NOV 1970 06:18:38 UTC",
+                                   "23 NOV 2150 06:18:38 UTC",
+                                   "23 NOV 2023 06:18:38 UTC UTC",
+                                   "23 NOV 2023 06:18:38 +99:00",
+                                   "23 NOV 2023 06:18:38 06:18:38",
+                                   "23 24 25 NOV 06:18:38",
+                                   "23 NOV 2023 06:18",
+                                   "23 NOV 2023 06:18:38 UTC\x01",
+                                   "60271 23-11-23 06:18:38",
+                                   "60271 23-11-23 06:18:38 00 0 0 895 UTC(NIST) *",
+                                   "99999999999999999999 NOV 2023",
+                                   "HTTP/1.1 400 Bad Request",
+                                   "<html>",
+                                   "220 mail.example ESMTP"}) {
+        EXPECT_FALSE(readDaytimeReply(text)) << text;
+    }
+    EXPECT_FALSE(readDaytimeReply(std::string(100'000, '9')));
+    EXPECT_FALSE(readDaytimeReply(std::string("23 NOV 2023 06:18:38\0UTC", 24)));
+}
+
+}  // namespace
+}  // namespace vantrace

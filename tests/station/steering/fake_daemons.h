@@ -1,0 +1,115 @@
+// Daemons of the test's own process: they answer as the real ones do, when the test lets them.
+#pragma once
+
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "station/steering/daemon_session.h"
+
+namespace vantrace {
+
+/// A wire that notes what is sent over it.
+class FakeTransport final : public DaemonTransport {
+  public:
+    void connect() override { ++connects; }
+    void send(std::string_view bytes) override { sent.emplace_back(bytes); }
+    void drop() override { ++drops; }
+
+    int connects = 0;
+    int drops = 0;
+    std::vector<std::string> sent;
+};
+
+/// A session with a daemon at its other end.
+class FakeDaemon {
+  public:
+    explicit FakeDaemon(std::string name, std::vector<std::string>& told)
+        : session(std::move(name), transport, [&told](std::string_view text) { told.emplace_back(text); }) {}
+    virtual ~FakeDaemon() = default;
+
+    void come(double now) {
+        session.tick(now);
+        session.connected(now);
+    }
+    /// Answers everything that has been asked, and what is asked upon that.
+    void serve(double now) {
+        for (; m_served < transport.sent.size(); ++m_served) {
+            std::string command = transport.sent[m_served];
+            command.pop_back();
+            commands.push_back(command);
+            session.received(answer(command), now);
+        }
+    }
+    /// The commands of one kind: "+P".
+    std::vector<std::string> of(std::string_view kind) const {
+        std::vector<std::string> found;
+        for (const std::string& command : commands) {
+            if (command.starts_with(std::string(kind) + " ") || command == kind) found.push_back(command);
+        }
+        return found;
+    }
+
+    FakeTransport transport;
+    DaemonSession session;
+    std::vector<std::string> commands;
+    /// What is answered to a command, or to all of a kind, in place of the usual.
+    std::map<std::string, std::string, std::less<>> answers;
+
+  protected:
+    virtual std::string usual(const std::string&) { return "done:\nRPRT 0\n"; }
+
+  private:
+    std::string answer(const std::string& command) {
+        if (const auto own = answers.find(command); own != answers.end()) return own->second;
+        const auto kind = answers.find(command.substr(0, command.find(' ')));
+        return kind != answers.end() ? kind->second : usual(command);
+    }
+
+    std::size_t m_served = 0;
+};
+
+/// A rotator that is at once where it is sent.
+class FakeRotatorDaemon final : public FakeDaemon {
+  public:
+    using FakeDaemon::FakeDaemon;
+    std::string limits = "0 360 0 90";
+
+  protected:
+    std::string usual(const std::string& command) override {
+        if (command.starts_with("+P ")) m_position = command.substr(3);
+        const auto word = [](const std::string& text, int n) {
+            std::size_t at = 0;
+            while (n-- > 0) at = text.find(' ', at) + 1;
+            return text.substr(at, text.find(' ', at) - at);
+        };
+        if (command == "+p") {
+            return "get_pos:\nAzimuth: " + word(m_position, 0) + "\nElevation: " + word(m_position, 1) +
+                   "\nRPRT 0\n";
+        }
+        if (command == "+\\dump_state") {
+            return "dump_state:\nrotctld Protocol Ver: 1\nRotor Model: 1\nMinimum Azimuth: " +
+                   word(limits, 0) + "\nMaximum Azimuth: " + word(limits, 1) +
+                   "\nMinimum Elevation: " + word(limits, 2) + "\nMaximum Elevation: " + word(limits, 3) +
+                   "\nSouth Zero: 0\nrot_type=AzEl\ndone\nRPRT 0\n";
+        }
+        return FakeDaemon::usual(command);
+    }
+
+  private:
+    std::string m_position = "0.00 0.00";
+};
+
+class FakeRadioDaemon final : public FakeDaemon {
+  public:
+    using FakeDaemon::FakeDaemon;
+
+  protected:
+    std::string usual(const std::string& command) override {
+        return command == "+\\chk_vfo" ? "ChkVFO: 0\n" : FakeDaemon::usual(command);
+    }
+};
+
+}  // namespace vantrace

@@ -1,0 +1,47 @@
+#include "station/steering/lone_follower.h"
+
+#include <gtest/gtest.h>
+
+namespace vantrace {
+namespace {
+
+constexpr RotatorLimits overlapping{0, 450, 0, 90};
+constexpr RotatorLimits plain{0, 360, 0, 90};
+
+Direction at(double azimuthDeg) {
+    return {azimuthDeg - 360.0 * std::floor(azimuthDeg / 360.0), 30.0};
+}
+
+TEST(LoneFollower, WaitsForTheMovementWhereThereIsAChoice) {
+    LoneFollower falling;
+    EXPECT_FALSE(falling.follow(at(80), overlapping));
+    EXPECT_NEAR(falling.follow(at(79), overlapping)->azimuthDeg, 439.0, 1e-9) << "there is room below";
+    LoneFollower rising;
+    EXPECT_FALSE(rising.follow(at(80), overlapping));
+    EXPECT_NEAR(rising.follow(at(81), overlapping)->azimuthDeg, 81.0, 1e-9);
+    LoneFollower single;
+    EXPECT_NEAR(single.follow(at(200), overlapping)->azimuthDeg, 200.0, 1e-9) << "without a choice at once";
+}
+
+TEST(LoneFollower, GoesOnThroughNorthWhereItCanAndTurnsOnceWhereItCannot) {
+    LoneFollower overlap;
+    LoneFollower turning;
+    int turns = 0;
+    double last = 350.0;
+    for (double azimuth = 350.0; azimuth < 430.0; azimuth += 1.0) {
+        const auto position = overlap.follow(at(azimuth), overlapping);
+        ASSERT_TRUE(position);
+        ASSERT_LE(std::abs(position->azimuthDeg - last), 1.01);
+        last = position->azimuthDeg;
+        const auto plainPosition = turning.follow(at(azimuth), plain);
+        ASSERT_TRUE(plainPosition);
+        ASSERT_GE(plainPosition->azimuthDeg, 0.0);
+        ASSERT_LE(plainPosition->azimuthDeg, 360.0);
+        if (turning.hasTurned()) ++turns;
+    }
+    EXPECT_EQ(turns, 1);
+    EXPECT_FALSE(overlap.hasTurned());
+}
+
+}  // namespace
+}  // namespace vantrace

@@ -1,0 +1,93 @@
+#include "station/steering/radio_control.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "tests/station/steering/fake_daemons.h"
+
+namespace vantrace {
+namespace {
+
+using Texts = std::vector<std::string>;
+using Use = RadioControl::Use;
+
+class RadioControlTest : public ::testing::Test {
+  protected:
+    RadioControl radioFor(Use use) {
+        return {daemon.session, use, 10.0, [this](std::string_view text) { told.emplace_back(text); }};
+    }
+    Texts tuned(RadioControl& radio, double downlinkHz, double uplinkHz) {
+        daemon.commands.clear();
+        radio.tune(downlinkHz, uplinkHz);
+        daemon.serve(0);
+        return daemon.commands;
+    }
+    void connect() {
+        daemon.come(0);
+        daemon.serve(0);
+    }
+
+    Texts told;
+    FakeRadioDaemon daemon{"radio", told};
+};
+
+TEST_F(RadioControlTest, ATransceiverIsSplitOnceAndTunedOnBothSides) {
+    RadioControl radio = radioFor(Use::transceiver);
+    connect();
+    EXPECT_EQ(tuned(radio, 145801200, 435001234.4), (Texts{"+F 145801200", "+S 1 VFOB", "+I 435001234"}));
+    EXPECT_EQ(tuned(radio, 145801209, 435001244.5), (Texts{"+I 435001245"})) << "9 Hz are left out";
+    EXPECT_EQ(tuned(radio, 145801210, 0), (Texts{"+F 145801210"})) << "without an uplink that side is left";
+    radio.release();
+    EXPECT_EQ(tuned(radio, 145801210, 435001245).size(), 3U);
+}
+
+TEST_F(RadioControlTest, TwoRadiosGetOneFrequencyEach) {
+    RadioControl receiver = radioFor(Use::receiver);
+    connect();
+    EXPECT_EQ(tuned(receiver, 145800000, 435000000), (Texts{"+F 145800000"}));
+    RadioControl transmitter = radioFor(Use::transmitter);
+    daemon.session.disconnected("closed", 0);
+    daemon.session.tick(50);
+    daemon.session.connected(50);
+    daemon.serve(50);
+    EXPECT_EQ(tuned(transmitter, 145800000, 435000000), (Texts{"+F 435000000"}));
+    EXPECT_EQ(tuned(transmitter, 145900000, 0), Texts{});
+}
+
+TEST_F(RadioControlTest, ADaemonThatWantsItGetsTheSideNamed) {
+    daemon.answers["+\\chk_vfo"] = "ChkVFO: 1\n";
+    RadioControl radio = radioFor(Use::transceiver);
+    connect();
+    EXPECT_EQ(tuned(radio, 145800000, 435000000),
+              (Texts{"+F VFOA 145800000", "+S VFOA 1 VFOB", "+I VFOB 435000000"}));
+}
+
+TEST_F(RadioControlTest, ARadioThatComesBackIsSplitAndTunedAnew) {
+    RadioControl radio = radioFor(Use::transceiver);
+    EXPECT_EQ(tuned(radio, 145800000, 435000000), Texts{});
+    connect();
+    EXPECT_EQ(tuned(radio, 145800000, 435000000).size(), 3U);
+    daemon.session.disconnected("closed", 1);
+    EXPECT_EQ(tuned(radio, 145800000, 435000000), Texts{});
+    daemon.come(3);
+    daemon.serve(3);
+    EXPECT_EQ(tuned(radio, 145800000, 435000000).size(), 3U);
+}
+
+TEST_F(RadioControlTest, ARefusalIsToldOnceAndTheFrequencyTriedAgain) {
+    RadioControl radio = radioFor(Use::transceiver);
+    connect();
+    daemon.answers["+S"] = "set_split_vfo:\nRPRT -11\n";
+    daemon.answers["+I"] = "set_split_freq:\nRPRT -9\n";
+    for (int i = 0; i < 3; ++i) {
+        const Texts sent = tuned(radio, 145800000 + 100.0 * i, 435000000);
+        EXPECT_EQ(std::ranges::count(sent, "+I 435000000"), 1) << "a radio may take it without the split";
+    }
+    EXPECT_EQ(told.size(), 3U);
+    EXPECT_EQ(std::ranges::count(told, "the radio refuses S 1 VFOB: RPRT -11 (not available)"), 1);
+    EXPECT_EQ(std::ranges::count(told, "the radio refuses I 435000000: RPRT -9 (command rejected)"), 1);
+}
+
+}  // namespace
+}  // namespace vantrace

@@ -1,0 +1,110 @@
+#include "station/steering/rotator_control.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "tests/station/steering/fake_daemons.h"
+
+namespace vantrace {
+namespace {
+
+using Texts = std::vector<std::string>;
+
+class RotatorControlTest : public ::testing::Test {
+  protected:
+    void connect() {
+        daemon.come(0);
+        daemon.serve(0);
+    }
+    Texts pointedAt() {
+        daemon.serve(0);
+        return daemon.of("+P");
+    }
+
+    Texts told;
+    FakeRotatorDaemon daemon{"rotator", told};
+    RotatorControl rotator{daemon.session, 2.0, [this](std::string_view text) { told.emplace_back(text); }};
+};
+
+TEST_F(RotatorControlTest, SmallMovementsAreLeftOut) {
+    connect();
+    for (int i = 0; i <= 40; ++i) {
+        rotator.point({100.0 + 0.1 * i, 20.0});
+        daemon.serve(0);
+    }
+    EXPECT_EQ(pointedAt(), (Texts{"+P 100.00 20.00", "+P 102.00 20.00", "+P 104.00 20.00"}));
+    rotator.point({104.5, 22.0});
+    rotator.pointExactly({104.5, 22.1});
+    rotator.pointExactly({104.5, 22.1});
+    EXPECT_EQ(pointedAt().size(), 5U);
+}
+
+TEST_F(RotatorControlTest, ADaemonThatComesBackIsToldThePositionAgain) {
+    rotator.point({100, 20});
+    connect();
+    EXPECT_TRUE(pointedAt().empty()) << "what was wanted before it came is old";
+    rotator.point({100, 20});
+    EXPECT_EQ(pointedAt().size(), 1U);
+    daemon.session.disconnected("closed", 1);
+    EXPECT_FALSE(rotator.present());
+    daemon.come(3);
+    daemon.serve(3);
+    rotator.point({100, 20});
+    EXPECT_EQ(pointedAt().size(), 2U);
+}
+
+TEST_F(RotatorControlTest, LimitsAndPositionAreRead) {
+    daemon.limits = "-180.000000 450.000000 0.000000 180.000000";
+    int limitsTold = 0;
+    rotator.onLimits = [&] { ++limitsTold; };
+    connect();
+    ASSERT_TRUE(rotator.limits());
+    EXPECT_EQ(*rotator.limits(), (RotatorLimits{-180, 450, 0, 180}));
+    EXPECT_EQ(limitsTold, 1);
+    rotator.point({370, 45});
+    rotator.tick(10);
+    daemon.serve(10);
+    ASSERT_TRUE(rotator.present());
+    EXPECT_EQ(rotator.present()->azimuthDeg, 370.0);
+    rotator.tick(10.2);
+    EXPECT_EQ(daemon.of("+p").size(), 1U) << "not at every tick";
+}
+
+TEST_F(RotatorControlTest, LimitsThatMakeNoSenseAreNone) {
+    for (const char* const limits : {"0 0 0 90", "360 0 0 90", "0 1e9 0 90", "x 360 0 90", "0 360 90 0"}) {
+        daemon.limits = limits;
+        daemon.come(0);
+        daemon.serve(0);
+        daemon.session.disconnected("closed", 0);
+        daemon.session.tick(100);
+        EXPECT_FALSE(rotator.limits()) << limits;
+    }
+}
+
+TEST_F(RotatorControlTest, ARefusalIsToldOnceAndTheCommandTriedAgain) {
+    connect();
+    daemon.answers["+P"] = "set_pos:\nRPRT -1\n";
+    for (int i = 0; i < 3; ++i) {
+        rotator.point({100, 20});
+        daemon.serve(i);
+    }
+    EXPECT_EQ(pointedAt().size(), 3U);
+    EXPECT_EQ(std::ranges::count(told, "the rotator refuses P 100.00 20.00: RPRT -1 (invalid parameter)"), 1);
+}
+
+TEST_F(RotatorControlTest, StopOvertakesAPositionThatWaits) {
+    connect();
+    rotator.point({100, 20});
+    rotator.point({150, 20});
+    rotator.stop();
+    daemon.serve(0);
+    EXPECT_EQ(daemon.of("+S").size(), 1U);
+    EXPECT_EQ(pointedAt(), (Texts{"+P 100.00 20.00"}));
+    rotator.park();
+    daemon.serve(0);
+    EXPECT_EQ(daemon.commands.back(), "+K");
+}
+
+}  // namespace
+}  // namespace vantrace
