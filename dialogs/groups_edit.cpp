@@ -25,8 +25,8 @@ std::string inQuery(std::string_view text) {
     constexpr std::string_view digits = "0123456789ABCDEF";
     std::string result;
     for (const char sign : text) {
-        const bool isLetterOrDigit = (sign >= 'a' && sign <= 'z') || (sign >= 'A' && sign <= 'Z') ||
-                                     (sign >= '0' && sign <= '9');
+        const bool isLetterOrDigit =
+            (sign >= 'a' && sign <= 'z') || (sign >= 'A' && sign <= 'Z') || (sign >= '0' && sign <= '9');
         if (isLetterOrDigit || plain.find(sign) != std::string_view::npos) {
             result += sign;
             continue;
@@ -82,9 +82,8 @@ void BUTaddgroup_Click(GroupsForm& form, ProgramState& state, Services& services
         const auto ask = [&](const std::string& prompt, std::string_view title, std::string_view proposal) {
             return services.dialogs.textInput(prompt, title, proposal).value_or("");
         };
-        group.Name =
-            ask("Type a Display name for this group. This can be any name you would like.", "Display name",
-                "New Group");
+        group.Name = ask("Type a Display name for this group. This can be any name you would like.",
+                         "Display name", "New Group");
         group.Url =
             isOnInternet
                 ? ask("Type the Full Web site Address (not including 'http://') Eg. " +

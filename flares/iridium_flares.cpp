@@ -90,6 +90,8 @@ void BUTgetFlares_Click(IridiumFlaresForm& form, const ProgramState& state, Serv
         retrieve(form, state, services);
     } catch (const std::exception&) {
         form.Label1 = errorCaption;
+        // The window stands behind the box.
+        services.windows.beforeYield();
         services.dialogs.message(badPageMessage + std::string(lineEnd) + form.txtHTML);
     }
 }

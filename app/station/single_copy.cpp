@@ -39,7 +39,7 @@ std::filesystem::path lockFolder() {
     std::error_code error;
     if (running != nullptr && *running == '/' && std::filesystem::is_directory(running, error))
         return running;
-    const std::filesystem::path own =
+    std::filesystem::path own =
         std::filesystem::temp_directory_path() / ("vantrace-station-" + std::to_string(::getuid()));
     ::mkdir(own.c_str(), 0700);
     struct stat status {};

@@ -28,8 +28,8 @@ StationProgram::StationProgram(const StationOptions& options, const Surroundings
     if (hasTwoRadios) addRadio("transmitter", *options.transmitter, RadioControl::Use::transmitter);
     Steering::Devices devices{m_rotator.get(), {}};
     for (const auto& radio : m_radios) devices.radios.push_back(radio.get());
-    m_steering =
-        std::make_unique<Steering>(options.steering, devices, surroundings.passes, surroundings.tell);
+    m_steering = std::make_unique<Steering>(options.steering, std::move(devices), surroundings.passes,
+                                            surroundings.tell);
     m_line = std::make_unique<LineSource>(
         options.line,
         [this](std::string_view line) {

@@ -1,6 +1,7 @@
 #include "core/ui/scrolled_contents.h"
 
 #include <QLayout>
+#include <QList>
 #include <QScrollArea>
 #include <algorithm>
 
@@ -14,7 +15,11 @@ void makeTransparent(QScrollArea& area) {
 void growToContents(QWidget& window, const QScrollArea& area) {
     // The sizes of a sheet are known only to controls that have taken it up, which they'd do when they are
     // shown.
-    for (QWidget* const control : area.widget()->findChildren<QWidget*>()) control->ensurePolished();
+    const QList<QWidget*> controls = area.widget()->findChildren<QWidget*>();
+    for (QWidget* const control : controls) control->ensurePolished();
+    // Controls and layouts inside others remember the sizes that they had before.
+    for (QWidget* const control : controls) control->updateGeometry();
+    for (QLayout* const inner : area.widget()->findChildren<QLayout*>()) inner->invalidate();
     area.widget()->layout()->activate();
     QSize size = window.size().expandedTo(area.widget()->sizeHint());
     // Texts that are wrapped tell their height by the width that they get.

@@ -38,8 +38,7 @@ void NameListControl::write(const NameList& form) {
     m_view.selectQuietly(form.selected);
 }
 
-TickListControl::TickListControl(ChoiceList& view,
-                                 std::function<void(std::size_t row, bool isTicked)> onTick)
+TickListControl::TickListControl(ChoiceList& view, std::function<void(std::size_t row, bool isTicked)> onTick)
     : m_view(view), m_model(new TickListModel(&view)) {
     m_model->onTick = std::move(onTick);
     m_view.setModel(m_model);

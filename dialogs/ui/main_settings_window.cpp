@@ -136,8 +136,8 @@ void frmCONmain::writeControls() {
 
 void frmCONmain::showCoordinates() {
     (m_form.OPnonDecDeg ? m_ui->OPnonDecDeg : m_ui->OPdecDeg)->setChecked(true);
-    for (QWidget* const control : std::initializer_list<QWidget*>{m_ui->Label1, m_ui->Tlatitude, m_ui->Label2,
-                                                                  m_ui->Tlongitude}) {
+    for (QWidget* const control :
+         std::initializer_list<QWidget*>{m_ui->Label1, m_ui->Tlatitude, m_ui->Label2, m_ui->Tlongitude}) {
         control->setVisible(m_form.OPdecDeg);
     }
     for (QWidget* const control : std::initializer_list<QWidget*>{

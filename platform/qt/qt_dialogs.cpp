@@ -150,6 +150,9 @@ std::optional<std::string> QtDialogs::textInput(std::string_view prompt, std::st
         label->setTextFormat(Qt::PlainText);
         label->setWordWrap(true);
     }
+    // The title tells what is asked for, too. Beside it stand the buttons of the frame.
+    constexpr int frameButtons = 120;
+    dialog->setMinimumWidth(dialog->fontMetrics().horizontalAdvance(shown(title)) + frameButtons);
     dialog->setTextValue(shown(proposal));
     if (!dialog.isAnswered(QDialog::Accepted)) return std::nullopt;
     return dialog->textValue().toStdString();

@@ -128,8 +128,7 @@ TEST_F(GroupsEditTest, TheWebIsSearchedForTheSatellite) {
     select(0);
     BUTfindInfo_Click(form, state, services);
     ASSERT_EQ(fakes.desktop.opened.size(), 1U);
-    EXPECT_TRUE(
-        fakes.desktop.opened[0].ends_with("/search?hl=en&q=ISS+(ZARYA)+%26%2B%23+satellite"));
+    EXPECT_TRUE(fakes.desktop.opened[0].ends_with("/search?hl=en&q=ISS+(ZARYA)+%26%2B%23+satellite"));
 }
 
 TEST_F(GroupsEditTest, MoreIsAskedForWhereNothingIsKnown) {

@@ -125,7 +125,8 @@ TEST_F(GroupsSettingsTest, TellsWhatIsKnownAboutASatellite) {
     Details_Click(form, state, services);
     EXPECT_TRUE(fakes.desktop.opened.empty());
     select(0);
-    EXPECT_TRUE(form.Details.starts_with("You can still track the position of this Satellite, but No further"));
+    EXPECT_TRUE(
+        form.Details.starts_with("You can still track the position of this Satellite, but No further"));
 }
 
 TEST_F(GroupsSettingsTest, ClosingWritesBothFiles) {
@@ -134,8 +135,9 @@ TEST_F(GroupsSettingsTest, ClosingWritesBothFiles) {
     state.Groups[2].Name = "Renamed";
     Form_Unload(form, state, services);
     EXPECT_EQ(fakes.folder.read("faves.dat"), "ALPHA\r\n");
-    EXPECT_EQ(fakes.folder.read("groups.dat"),
-              "Letters,example.org/a/letters.txt,0\r\nRenamed,others.txt,1\r\nMissing,example.org/gone.txt,0\r\n");
+    EXPECT_EQ(
+        fakes.folder.read("groups.dat"),
+        "Letters,example.org/a/letters.txt,0\r\nRenamed,others.txt,1\r\nMissing,example.org/gone.txt,0\r\n");
 }
 
 TEST_F(GroupsSettingsTest, FifteenThousandSatellitesAreListedWithinASecond) {

@@ -56,9 +56,9 @@ TEST_F(LocationsSettingsTest, APlaceIsAskedForAndDrawnButItsTickComesLater) {
     EXPECT_EQ(fakes.dialogs.titles,
               (Texts{"Add New Location", "Latitude (Positive is North, Negitive is South)",
                      "Longitude (degrees WEST only)", "Height above sea level for Rome"}));
-    EXPECT_EQ(messages(), (Texts{"Type the Name of the location",
-                                 "Type the Latitude of Rome\r\nMUST BE IN DECIMAL",
-                                 "Type the Longitude of Rome", "Type the Height above sea level (in Metres)"}));
+    EXPECT_EQ(messages(),
+              (Texts{"Type the Name of the location", "Type the Latitude of Rome\r\nMUST BE IN DECIMAL",
+                     "Type the Longitude of Rome", "Type the Height above sea level (in Metres)"}));
     const LocationRecord& rome = state.Locations[4];
     EXPECT_EQ(rome.Name + "|" + rome.Latitude + "|" + rome.Longitude, "Rome|41.9|347.5");
     EXPECT_EQ(rome.Height, 38);
@@ -85,8 +85,8 @@ TEST_F(LocationsSettingsTest, AQuestionIsRepeatedUntilItsAnswerPasses) {
 
 TEST_F(LocationsSettingsTest, WithoutAnAnswerNothingIsAdded) {
     load();
-    for (const Answers& answers :
-         {Answers{}, Answers{"Rome", ""}, Answers{"Rome", "1", std::nullopt}, Answers{"Rome", "1", "1", ""}}) {
+    for (const Answers& answers : {Answers{}, Answers{"Rome", ""}, Answers{"Rome", "1", std::nullopt},
+                                   Answers{"Rome", "1", "1", ""}}) {
         add(answers);
         EXPECT_TRUE(told().empty());
     }

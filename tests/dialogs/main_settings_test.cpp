@@ -110,10 +110,9 @@ TEST_F(MainSettingsTest, ClosesWithinTheLimitsOnly) {
         const char* longitude;
         Texts messages;
     };
-    for (const Case& expected :
-         {Case{"91", "360", {}}, Case{"90.5", "0", {}}, Case{"-200", "-5", {}},
-          Case{"91.1", "0", {latitudeMessage}}, Case{"0", "361", {longitudeMessage}},
-          Case{"91.1", "361", {latitudeMessage, longitudeMessage}}}) {
+    for (const Case& expected : {Case{"91", "360", {}}, Case{"90.5", "0", {}}, Case{"-200", "-5", {}},
+                                 Case{"91.1", "0", {latitudeMessage}}, Case{"0", "361", {longitudeMessage}},
+                                 Case{"91.1", "361", {latitudeMessage, longitudeMessage}}}) {
         fakes.dialogs.messages.clear();
         form.Tlatitude = expected.latitude;
         form.Tlongitude = expected.longitude;
@@ -244,9 +243,10 @@ TEST_F(MainSettingsTest, TheModeOfTheScreenIsWarnedOfWhenItIsTicked) {
     form.Chchangeres = true;
     Chchangeres_Click(form, services);
     EXPECT_EQ(stored("ChangeRes"), "1");
-    EXPECT_EQ(messages(),
-              Texts{"The next time Vantrace starts it will change to 800x600 mode, and when you exit, it will "
-                    "change back to 640x480. If you run 800x600 or higher, turn this option OFF"});
+    EXPECT_EQ(
+        messages(),
+        Texts{"The next time Vantrace starts it will change to 800x600 mode, and when you exit, it will "
+              "change back to 640x480. If you run 800x600 or higher, turn this option OFF"});
     form.Chchangeres = false;
     Chchangeres_Click(form, services);
     EXPECT_EQ(messages().size(), 1U);

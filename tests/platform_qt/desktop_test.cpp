@@ -118,6 +118,10 @@ TEST_F(QtDesktopTest, StartsTheToolThatSuitsTheDesktop) {
     qputenv("XDG_CURRENT_DESKTOP", "ubuntu:GNOME");
     desktop.startSystemInformation();
     EXPECT_EQ(started(), "gnome-control-center|info-overview");
+    desktop.startTimeSettings();
+    EXPECT_EQ(started(), "gnome-control-center|datetime");
+    qputenv("XDG_CURRENT_DESKTOP", "LXQt");
+    EXPECT_THROW(desktop.startTimeSettings(), DesktopError);
 }
 
 TEST_F(QtDesktopTest, StartsAProgramWithoutArgumentsAndTellsOneThatCantBeRun) {

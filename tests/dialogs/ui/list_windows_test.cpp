@@ -62,6 +62,8 @@ TEST_F(ListWindowsTest, TicksOfTheMouseAndOfTheKeyboardAreFavourites) {
     QTest::keyClick(childOf<ChoiceList>(window, satellites), Qt::Key_Space);
     EXPECT_TRUE(isTicked(window, satellites, station));
     EXPECT_EQ(favourites().back(), "ISS (ZARYA)");
+    const auto* const bar = childOf<QScrollArea>(window, "detailsArea")->verticalScrollBar();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return bar->maximum() > 0; })) << "long notes are read to their end";
     savePicture(*window, "groups-settings-ticked");
     close(window);
     EXPECT_TRUE(program.fakes.folder.read("faves.dat").ends_with("ISS (ZARYA)\r\n"));

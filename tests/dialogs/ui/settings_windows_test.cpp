@@ -1,5 +1,5 @@
 // The windows of the main settings and of the map's, as the user works them.
-#include "mapview/world_view_menu.h"
+#include "mapview/ui/world_view_window.h"
 #include "tests/dialogs/ui/dialog_windows_test.h"
 
 namespace vantrace {
@@ -118,6 +118,24 @@ TEST_F(SettingsWindowsTest, TheMapsSettingsAreStoredAtEachChange) {
     QTest::keyClick(window, Qt::Key_Escape);
     ViewProgram::settle();
     EXPECT_EQ(windowOnScreen<frmCON2D>(), nullptr);
+}
+
+TEST_F(SettingsWindowsTest, TheMapOpensItsSettingsBesideItAndFollowsThem) {
+    MapState map;
+    program.fakes.windows.registerWindow("WorldView", [&] {
+        return std::make_unique<WorldView>(program.fakes.host, map, program.state, program.services);
+    });
+    program.start("/WORLD");
+    ViewProgram::choose(windowOnScreen<WorldView>(), "mnu2Dcontrols");
+    auto* const window = windowOnScreen<frmCON2D>();
+    ASSERT_NE(window, nullptr);
+    EXPECT_NE(windowOnScreen<WorldView>(), nullptr);
+    QTest::keyClick(childOf<QSlider>(window, "SLMapUpdate"), Qt::Key_PageUp);
+    close(window);
+    EXPECT_NE(windowOnScreen<WorldView>(), nullptr);
+    EXPECT_EQ(stored("MapUpdate"), "60");
+    program.fakes.windows.close();
+    program.fakes.windows.releaseUnloaded();
 }
 
 TEST_F(SettingsWindowsTest, EverythingHasItsPlaceInBothLooks) {
