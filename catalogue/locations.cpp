@@ -22,6 +22,8 @@ LocationRecord locationOf(std::string_view line, const MachineFormat& format) {
     location.Shown = line.substr(0, 1);
     const std::string_view fields = line.substr(1);
     location.Name = GetDelimitedWord(fields, 1, ";");
+    // In the table it would end the places, and hide those behind it.
+    if (trimmed(location.Name).empty()) throw std::invalid_argument("a place without a name");
     location.Longitude = GetDelimitedWord(fields, 2, ";");
     location.Latitude = GetDelimitedWord(fields, 3, ";");
     const std::optional<double> height = toDouble(GetDelimitedWord(fields, 4, ";"), format.decimalMark);

@@ -12,9 +12,9 @@ namespace vantrace {
 
 struct ProgramState;
 
-/// Fills `Locations` from locations.dat, up to its first blank line. A line without a height of 16 bits, and
-/// whatever comes after the 150th place, is skipped and given back. On a machine with a decimal comma the
-/// two coordinates get their commas. Throws FileError; the table is then as it was.
+/// Fills `Locations` from locations.dat, up to its first blank line. A line without a name or a height of 16
+/// bits, and whatever comes after the 150th place, is skipped and given back. On a machine with a decimal
+/// comma the two coordinates get their commas. Throws FileError; the table is then as it was.
 std::vector<std::string> LoadLocations(ProgramState& state, const MachineFormat& format);
 
 /// Rewrites locations.dat, up to the first entry without a name; names of blanks only are left out. A table

@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <exception>
 #include <filesystem>
+#include <functional>
 
 #include "catalogue/data_files.h"
 #include "catalogue/element_files.h"
@@ -19,6 +21,7 @@
 #include "core/texts.h"
 #include "dialogs/favourites_edit.h"
 #include "orbit/elements/element_catalogue.h"
+#include "platform/file_error.h"
 #include "platform/text_file.h"
 
 namespace vantrace {
@@ -94,6 +97,19 @@ void showGroup(GroupsForm& form, ProgramState& state, Services& services) {
     }
 }
 
+/// A list that the disk doesn't take is lost when nobody is told; the first such failure is kept for the end,
+/// so that the other list is written all the same.
+void saveList(Services& services, std::exception_ptr& failure, const std::function<void()>& save) {
+    ErrorLabel label(services, {});
+    label.quietStep([&] {
+        try {
+            save();
+        } catch (const FileError&) {
+            if (!failure) failure = std::current_exception();
+        }
+    });
+}
+
 }  // namespace
 
 std::span<const ElementFileRow> publicElementFiles() {
@@ -145,13 +161,14 @@ void Form_Load(GroupsForm& form, ProgramState& state, Services& services) {
 }
 
 void Form_Unload(GroupsForm& /*form*/, ProgramState& state, Services& services) {
-    ErrorLabel label(services, {});
-    label.quietStep([&] { SaveFavourites(state); });
-    label.quietStep([&] {
+    std::exception_ptr failure;
+    saveList(services, failure, [&] { SaveFavourites(state); });
+    saveList(services, failure, [&] {
         constexpr auto bound = static_cast<std::int16_t>(decltype(state.Groups)::bound);
         state.GroupCount = std::min(state.GroupCount, bound);
         SaveGroups(state);
     });
+    if (failure) std::rethrow_exception(failure);
 }
 
 void GroupList_Click(GroupsForm& form, ProgramState& state, Services& services) {

@@ -43,7 +43,8 @@ struct GroupsForm {
 
 /// Selects the first group, whose file may be missing.
 void Form_Load(GroupsForm& form, ProgramState& state, Services& services);
-/// Writes faves.dat and groups.dat. A group that found no room in the table counts no more.
+/// Writes faves.dat and groups.dat. A group that found no room in the table counts no more. Throws FileError
+/// where a disk doesn't take one of them, after it has tried both.
 void Form_Unload(GroupsForm& form, ProgramState& state, Services& services);
 
 /// Lists the satellites of the selected group. The real sets count alone: those with an epoch. Where the file

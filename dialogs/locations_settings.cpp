@@ -99,12 +99,6 @@ std::optional<Answers> askForPlace(Services& services) {
     return answers;
 }
 
-std::int16_t heightOf(const std::string& text, const Services& services) {
-    const std::optional<double> height = toDouble(text, services.format.decimalMark);
-    if (!height) throw std::invalid_argument("the height \"" + text + "\" is no number");
-    return toInteger16(*height);
-}
-
 }  // namespace
 
 void Form_Load(LocationsForm& form, ProgramState& state, Services& services) {
@@ -153,7 +147,7 @@ void BUTaddlocations_Click(LocationsForm& form, ProgramState& state, Services& s
             services.dialogs.message("One or more entries were blank !");
             return;
         }
-        const std::int16_t height = heightOf(answers->height, services);
+        const std::int16_t height = toInteger16(typedValue(answers->height, services));
         std::int16_t free = 1;
         // Past the end the table throws.
         while (!trimmed(state.Locations[free].Name).empty()) ++free;

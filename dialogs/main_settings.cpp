@@ -54,10 +54,11 @@ void fillVoices(MainSettingsForm& form, Services& services) {
     form.VoiceSelect.list = services.speech.voices();
 }
 
-/// A number that no voice has selects none.
+/// Selects none where none was chosen (0) or the machine has none; a voice that is gone is an error.
 void loadVoices(MainSettingsForm& form, Services& services) {
     fillVoices(form, services);
     const int number = toInteger16(numberValue(GetConfig(services, settings::voice)));
+    if (number <= 0 || form.VoiceSelect.list.empty()) return;
     form.VoiceSelect.select(static_cast<std::size_t>(number - 1));
 }
 

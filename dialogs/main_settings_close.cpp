@@ -39,12 +39,13 @@ void savePlace(const MainSettingsForm& form, Services& services) {
     SaveConfig(services, settings::longitude, joined(form.Tlondeg, form.Tlonmin, form.Tlonsec, services));
 }
 
-void tellObserver(const MainSettingsForm& form, ProgramState& state, const Services& services) {
+void tellObserver(const MainSettingsForm& form, ProgramState& state, Services& services) {
     state.ObserverLongitude = typedValue(form.Tlongitude, services);
     state.ObserverLatitude = typedValue(form.Tlatitude, services);
     state.ObserverHeight = typedValue(form.Theight, services);
-    // The panel of `Main` would tell the new place by the old name otherwise.
-    state.ObserverName = form.Tlocation;
+    // The panel of `Main` would tell the new place by the old name otherwise. A place of the six boxes comes
+    // with the next start, and its name with it.
+    if (form.OPdecDeg) state.ObserverName = GetConfig(services, settings::locationName);
     if (!state.OrbitEngine) return;
     state.OrbitEngine->EngineSetLatitude(state.ObserverLatitude);
     state.OrbitEngine->EngineSetLongitude(360 - state.ObserverLongitude);

@@ -1,4 +1,4 @@
-// The service's page as one text, whose characters are counted from 1.
+// The service's page as one text, in which places are counted from 1.
 #pragma once
 
 #include <cstddef>
@@ -6,7 +6,7 @@
 
 namespace vantrace {
 
-/// Characters are bytes: what the scan looks for is plain ASCII in any encoding that a page may have.
+/// Places are those of bytes: what the scan looks for is plain ASCII in any encoding that a page may have.
 class FlarePage {
   public:
     /// The text outlives this.

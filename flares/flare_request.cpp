@@ -43,6 +43,8 @@ std::string readFlarePage(const std::string& file) {
     std::string page;
     page.reserve(content.size());
     for (LineReader lines(content); !lines.atEnd();) page += lines.next();
+    // A carriage return alone ends a line, too; a date with one inside would be none.
+    std::erase(page, '\r');
     return page;
 }
 

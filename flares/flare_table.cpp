@@ -126,7 +126,8 @@ bool TableScan::readDate() {
     // Required also where nothing was found: then the page's fourth character comes next.
     m_position = found + tag.size();
     const std::string_view cell = cellUpTo("<");
-    if (trimmed(cell).size() >= noDateCharacters) return false;
+    const std::string_view text = trimmed(cell);
+    if (FixedWidth(text, noDateCharacters - 1).size() < text.size()) return false;
     // A cell that starts with a line end belongs to the row before it.
     if (m_page.hasAt(m_position, "\r\n")) return true;
     if (m_list.size() == mostFlares) throw std::length_error("the page's table has too many rows");

@@ -116,8 +116,8 @@ void BUTsave_Click(IridiumFlaresForm& form, const ProgramState& state, Services&
 
 void BUTprint_Click(IridiumFlaresForm& form, const ProgramState& state, Services& services) {
     composeFlareReport(form.Printed, form.LSTflares, state);
-    services.printer.print("Print Iridium Flare Predictions",
-                           printDocument("Vantrace Iridium Flares", form.Printed));
+    services.printer.printOnDefault("Print Iridium Flare Predictions",
+                                    printDocument("Vantrace Iridium Flares", form.Printed));
 }
 
 void Picture1_Click(const ProgramState& state, Services& services) {

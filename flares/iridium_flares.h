@@ -28,7 +28,7 @@ void Sweb1_FetchError(Services& services, std::string_view message, std::int16_t
 
 /// Asks for a file and writes the report there, then tells so. What fails is logged.
 void BUTsave_Click(IridiumFlaresForm& form, const ProgramState& state, Services& services);
-/// Asks for a printer and prints the report. Throws std::runtime_error where the printer doesn't take it.
+/// Prints the report on the default printer. Throws std::runtime_error where that doesn't take it.
 void BUTprint_Click(IridiumFlaresForm& form, const ProgramState& state, Services& services);
 /// Opens the service's home page. Throws DesktopError.
 void Picture1_Click(const ProgramState& state, Services& services);

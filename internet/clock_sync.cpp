@@ -65,6 +65,7 @@ void prepare(Services& services, const std::string& host) {
 void setClock(UpdatesForm& form, Services& services, const std::string& host, ErrorLabel& label) {
     form.txtStatus += std::string(lineEnd) + "Synchronizing PC clock with Atomic Clock...";
     label.step([&] { services.events.yield(); });
+    if (form.isUnloaded) return;
     int result = 1;
     label.step([&] {
         prepare(services, host);
@@ -98,7 +99,9 @@ void compare(UpdatesForm& form, Services& services, const std::string& host, Err
     }
     const std::string text = sentence(difference, word);
     Speak(services, text);
-    if (services.dialogs.question(text + " Synchronize ?", "PC Clock Accuracy")) {
+    const bool isWanted = services.dialogs.question(text + " Synchronize ?", "PC Clock Accuracy");
+    if (form.isUnloaded) return;
+    if (isWanted) {
         setClock(form, services, host, label);
     } else {
         form.txtStatus += std::string(lineEnd) + "Clock Not Synchronised";
@@ -117,6 +120,7 @@ void BUTsyncClock_Click(UpdatesForm& form, ProgramState& state, Services& servic
     form.txtStatus += end + "Connecting to Atomic Clock Server..." + end;
     // So that it is read while the server is asked.
     label.step([&] { services.events.yield(); });
+    if (form.isUnloaded) return;
     int result = 1;
     label.step([&] {
         prepare(services, host);
@@ -124,7 +128,7 @@ void BUTsyncClock_Click(UpdatesForm& form, ProgramState& state, Services& servic
     });
     if (result == 0) return compare(form, services, host, label);
     form.txtStatus += end + std::string(noConnection) + ", if you have a firewall, try allowing access to " +
-                      host + " on port 13";
+                      host.substr(0, host.find(':')) + " on port 13";
 }
 
 }  // namespace vantrace

@@ -8,7 +8,7 @@ struct Services;
 struct UpdatesForm;
 
 /// Tells how far the clock is out, whole days aside and in the largest of its words only, and sets it where
-/// the user wants that. Failures are logged.
+/// the user wants that. Failures are logged. Ends without a report when the window goes meanwhile.
 void BUTsyncClock_Click(UpdatesForm& form, ProgramState& state, Services& services);
 
 }  // namespace vantrace

@@ -20,6 +20,7 @@ void BUTupdateDB_Click(UpdatesForm& form, ProgramState& state, Services& service
     const std::string end(lineEnd);
     form.txtStatus += end + "Updating Satellite Database File...." + end;
     label.step([&] { services.events.yield(); });
+    if (form.isUnloaded) return;
     const std::string file = dataFile(state, satelliteFile).string();
     const std::string url = "http://" + readHosts(state).updateHost + "/" + std::string(satelliteFile);
     label.step([&] { fetchTo(form, services, url, file); });

@@ -1,8 +1,14 @@
 #include "internet/element_update.h"
 
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include <algorithm>
+#include <cerrno>
 #include <exception>
 #include <filesystem>
+#include <optional>
+#include <stdexcept>
 #include <string_view>
 
 #include "catalogue/data_files.h"
@@ -13,6 +19,7 @@
 #include "core/program_state.h"
 #include "core/services.h"
 #include "internet/updates_form.h"
+#include "platform/file_descriptor.h"
 #include "platform/file_replacement.h"
 #include "platform/text_file.h"
 
@@ -44,7 +51,8 @@ struct MendedText {
     bool isCropped = false;
 };
 
-/// A lone CR ends a line, too; of several in front of an LF only the last line end counts.
+/// A lone CR ends a line, too; of several in front of an LF only the last line end counts. Throws
+/// std::length_error where short lines made long would make more than a file of elements may hold.
 MendedText mendedText(std::string_view content) {
     MendedText result;
     for (LineReader lines(content); !lines.atEnd();) {
@@ -58,12 +66,42 @@ MendedText mendedText(std::string_view content) {
             result.isCropped = result.isCropped || kept != line;
             result.text += kept;
             result.text += lineEnd;
+            if (result.text.size() > elementFileLimitBytes) {
+                throw std::length_error("mended, it would hold more than " +
+                                        std::to_string(elementFileLimitBytes) + " bytes");
+            }
             isLast = end == rest.size();
             rest.remove_prefix(std::min(end + 1, rest.size()));
         }
     }
     return result;
 }
+
+/// Puts the scratch file in the place of the file that stands behind links, with the mode and the owner that
+/// it had.
+class Replacement {
+  public:
+    /// Writes the scratch file. Throws FileError, also where the file may not be written: a rename asks for
+    /// the rights of the folder only.
+    Replacement(const std::filesystem::path& scratch, const std::string& file, std::string_view text)
+        : m_scratch(scratch), m_target(std::filesystem::canonical(file)) {
+        struct stat old {};
+        if (stat(m_target.c_str(), &old) != 0 || access(m_target.c_str(), W_OK) != 0) {
+            throw FileError(m_target, reasonOf(errno));
+        }
+        replaceFile(m_scratch, text, old.st_mode & mode_t{0777});
+        if (chown(m_scratch.c_str(), old.st_uid, old.st_gid) != 0) errno = 0;
+    }
+    /// Throws where the rename fails, as between two file systems it does.
+    void takePlace() const {
+        std::filesystem::rename(m_scratch, m_target);
+        flushFolderOf(m_target);
+    }
+
+  private:
+    const std::filesystem::path m_scratch;
+    const std::filesystem::path m_target;
+};
 
 /// Runs the steps of the job; the user is told of each that fails.
 class MessageLabel {
@@ -89,6 +127,8 @@ class MessageLabel {
 void updateGroup(const std::string& url, UpdatesForm& form, ProgramState& state, Services& services,
                  MessageLabel& label) {
     const std::string file = dataFile(state, elementFileName(url)).string();
+    // What the group before has come to is seen while this one is fetched. The job yields only behind it.
+    label.step([&] { services.windows.beforeYield(); });
     label.step([&] { fetchTo(form, services, url, file); });
     label.step([&] { services.events.yield(); });
     const std::string word = CheckKepFile(state, services, file);
@@ -129,12 +169,16 @@ std::string CheckKepFile(ProgramState& state, Services& services, const std::str
     ErrorLabel label(services, labels::updateCONCheckKepFile);
     const std::filesystem::path scratch = dataFile(state, scratchFile);
     MendedText mendedFile;
-    const bool isMended = label.step([&] {
-        mendedFile = mendedText(readTextFile(file, elementFileLimitBytes));
-        replaceFile(scratch, mendedFile.text);
+    std::optional<Replacement> replacement;
+    label.step([&] {
+        const std::string content = readTextFile(file, elementFileLimitBytes);
+        mendedFile = mendedText(content);
+        if (mendedFile.text != content) replacement.emplace(scratch, file, mendedFile.text);
     });
     // At every instant the old file is there or the new one; without a new one the old one stays.
-    if (isMended) label.quietStep([&] { std::filesystem::rename(scratch, file); });
+    if (!replacement) return mendedFile.isCropped ? "CROPPED" : "OK";
+    const bool isInPlace = label.quietStep([&] { replacement->takePlace(); });
+    if (!isInPlace) label.quietStep([&] { replaceFile(file, mendedFile.text); });
     label.quietStep([&] { std::filesystem::remove(scratch); });
     return mendedFile.isCropped ? "CROPPED" : "OK";
 }

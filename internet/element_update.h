@@ -17,7 +17,9 @@ void BUTupdateKeps_Click(UpdatesForm& form, ProgramState& state, Services& servi
 
 /// Gives every line a CR LF at its end, and every one that begins with "1 " or "2 " and hasn't 69 characters
 /// the place of a fixed line of the right form, so that the lines around it keep theirs: "CROPPED" where that
-/// was so, else "OK". A file that can't be read is logged and stays as it is.
+/// was so, else "OK". Whoever follows a link finds the file behind it mended; one in which there is nothing
+/// to mend isn't touched. A file that can't be read or may not be written is logged and stays as it is, as is
+/// one that would hold more than a file of elements may.
 std::string CheckKepFile(ProgramState& state, Services& services, const std::string& file);
 
 }  // namespace vantrace

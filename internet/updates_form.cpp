@@ -1,6 +1,7 @@
 #include "internet/updates_form.h"
 
 #include <filesystem>
+#include <optional>
 #include <system_error>
 
 #include "catalogue/data_files.h"

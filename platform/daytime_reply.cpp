@@ -5,6 +5,7 @@
 #include <charconv>
 #include <cstdlib>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace vantrace {
@@ -109,9 +110,13 @@ struct Parts {
     int second = -1;
     std::optional<milliseconds> fraction;
     std::optional<minutes> zone;
+    /// "AM" or "PM" has been read.
+    bool isOfTwelveHours = false;
+    /// It isn't said which of the two is the month.
+    bool mayBeSwapped = false;
 };
 
-std::optional<DaytimeReply> replyOf(const Parts& parts) {
+std::optional<DaytimeReply> plainReplyOf(const Parts& parts) {
     constexpr milliseconds unknownFraction{500};
     const year_month_day date{year{parts.year}, month{static_cast<unsigned>(std::max(parts.month, 0))},
                               day{static_cast<unsigned>(std::max(parts.day, 0))}};
@@ -121,7 +126,18 @@ std::optional<DaytimeReply> replyOf(const Parts& parts) {
     if (!isGood) return std::nullopt;
     return DaytimeReply{local_days{date} + hours{parts.hour} + minutes{parts.minute} + seconds{parts.second} +
                             parts.fraction.value_or(unknownFraction),
-                        parts.zone};
+                        parts.zone, std::nullopt};
+}
+
+std::optional<DaytimeReply> replyOf(const Parts& parts) {
+    std::optional<DaytimeReply> reply = plainReplyOf(parts);
+    if (!parts.mayBeSwapped) return reply;
+    Parts swapped = parts;
+    std::swap(swapped.day, swapped.month);
+    const std::optional<DaytimeReply> other = plainReplyOf(swapped);
+    if (!reply) return other;
+    if (other && other->time != reply->time) reply->otherTime = other->time;
+    return reply;
 }
 
 /// Goes through the words of a line.
@@ -139,6 +155,8 @@ class DaytimeReader {
     bool isTriple(std::string_view sign) const;
     bool takeTime();
     bool takeDashedDate();
+    bool takeSlashedDate();
+    bool takeHalfOfDay();
     bool takeOffset();
     bool takeName();
     bool takeNumber();
@@ -174,6 +192,31 @@ bool DaytimeReader::takeDashedDate() {
     m_parts.day = word(4).number();
     m_at += 5;
     if (has(2) && word().is("T") && word().isJoined && word(1).isNumber()) ++m_at;
+    return true;
+}
+
+/// "11/23/2023", "23/11/2023", "11/23/23".
+bool DaytimeReader::takeSlashedDate() {
+    const bool isDate = isTriple("/") && m_parts.year < 0 && m_parts.month < 0 && m_parts.day < 0 &&
+                        word(0).text.size() <= 2 && word(2).text.size() <= 2 &&
+                        (word(4).text.size() == 4 || word(4).text.size() == 2);
+    if (!isDate) return false;
+    m_parts.month = word(0).number();
+    m_parts.day = word(2).number();
+    m_parts.year = word(4).number() + (word(4).text.size() == 2 ? 2000 : 0);
+    m_parts.mayBeSwapped = true;
+    m_at += 5;
+    return true;
+}
+
+/// "AM", "PM"; only behind the time.
+bool DaytimeReader::takeHalfOfDay() {
+    const bool isHalf = (word().is("AM") || word().is("PM")) && m_parts.hour >= 1 && m_parts.hour <= 12 &&
+                        !m_parts.isOfTwelveHours;
+    if (!isHalf) return false;
+    m_parts.hour = m_parts.hour % 12 + (word().is("PM") ? 12 : 0);
+    m_parts.isOfTwelveHours = true;
+    ++m_at;
     return true;
 }
 
@@ -254,7 +297,8 @@ std::optional<DaytimeReply> DaytimeReader::free() {
                             (word().is("-") && has(2) && word(1).isName());
         if (isMark) {
             ++m_at;
-        } else if (!takeTime() && !takeDashedDate() && !takeOffset() && !(word().isName() && takeName()) &&
+        } else if (!takeTime() && !takeDashedDate() && !takeSlashedDate() && !takeOffset() &&
+                   !takeHalfOfDay() && !(word().isName() && takeName()) &&
                    !(word().isNumber() && takeNumber())) {
             return std::nullopt;
         }
@@ -272,11 +316,19 @@ std::optional<DaytimeReply> readDaytimeReply(std::string_view text) {
 }
 
 UtcTime instantOf(const DaytimeReply& reply, UtcTime machine, std::chrono::minutes machineAheadOfUtc) {
-    const UtcTime asUtc{reply.time.time_since_epoch()};
-    if (reply.aheadOfUtc) return asUtc - *reply.aheadOfUtc;
-    const UtcTime asLocal = asUtc - machineAheadOfUtc;
     const auto distance = [&](UtcTime time) { return time > machine ? time - machine : machine - time; };
-    return distance(asLocal) <= distance(asUtc) ? asLocal : asUtc;
+    std::optional<UtcTime> nearest;
+    for (const auto& time : {std::optional(reply.time), reply.otherTime}) {
+        if (!time) continue;
+        const UtcTime asUtc{time->time_since_epoch()};
+        // Of two that are as near, the one that comes first.
+        for (const minutes ahead :
+             {reply.aheadOfUtc.value_or(machineAheadOfUtc), reply.aheadOfUtc.value_or(0min)}) {
+            const UtcTime instant = asUtc - ahead;
+            if (!nearest || distance(instant) < distance(*nearest)) nearest = instant;
+        }
+    }
+    return *nearest;
 }
 
 }  // namespace vantrace

@@ -1,6 +1,7 @@
 // Pages of the Internet, over HTTP.
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <filesystem>
 #include <optional>
@@ -16,16 +17,11 @@ struct HttpProxy {
     std::string password;
 };
 
-/// To which hosts a redirect is followed. Hosts are told apart by their names, without regard to case; from
-/// https to http none is followed.
-enum class HttpRedirects { sameHost, anyHost };
-
 struct HttpRequest {
     /// "http://..." or "https://...".
     std::string url;
-    /// Takes the body of the last answer, whatever its status; what was in it is lost.
+    /// Takes the body of the answer, whatever its status; what was in it is lost.
     std::filesystem::path file;
-    HttpRedirects redirects = HttpRedirects::anyHost;
     std::optional<HttpProxy> proxy;
 };
 
@@ -40,7 +36,7 @@ enum class HttpFailure : std::int16_t {
     trust = 6,  ///< TLS: the certificate, or no common ground
     proxy = 7,
     tooLarge = 8,
-    redirect = 9,  ///< one that can't be followed, or too many
+    redirect = 9,  ///< one that isn't followed, or too many
     file = 10,     ///< the body can't be written
     protocol = 11,
     busy = 12,  ///< another request is under way
@@ -50,22 +46,24 @@ enum class HttpFailure : std::int16_t {
 struct HttpAnswer {
     /// None: an answer came, and its body is in the file, whole.
     HttpFailure failure = HttpFailure::none;
-    /// Of the last answer; 0 without one. Where a redirect was not followed, that of the redirect.
+    /// 0 without an answer. One that breaks off has a failure and a status.
     int status = 0;
     /// The words that came with the status, or what went wrong. Printable, at most some 300 bytes.
     std::string text;
-    /// A redirect to another host was told and not followed.
-    bool leadsToOtherHost = false;
+    /// Where a redirect (301, 302, 303, 307, 308) leads: a whole address, in signs of ASCII, of whatever
+    /// scheme. To another host it has no user's name and no password.
+    std::string location;
     /// False where the request never came as far as the host; where that isn't known, true.
     bool mayHaveArrived = false;
+    std::chrono::milliseconds took{0};
 };
 
 class HttpClient {
   public:
     virtual ~HttpClient() = default;
 
-    /// Returns when all is there or has failed. While it waits windows are painted, but nothing else happens
-    /// in them. Throws nothing.
+    /// Asks once, and follows no redirect. Returns when all is there or has failed. While it waits windows
+    /// are painted, but nothing else happens in them. Throws nothing.
     virtual HttpAnswer get(const HttpRequest& request) = 0;
 };
 

@@ -34,12 +34,16 @@ class Printer {
     /// a size at which no line is wrapped. False, and nothing is printed, where he cancels. Throws
     /// std::runtime_error where the printer doesn't take it.
     virtual bool print(std::string_view dialogTitle, const PrintDocument& document) = 0;
+    /// Sends the document to the machine's default printer and asks nothing. Where the machine has none it is
+    /// `print`, so that the user can still make a file of it; only then is there a dialog, and false.
+    virtual bool printOnDefault(std::string_view dialogTitle, const PrintDocument& document) = 0;
 };
 
 /// For programs that don't print: as if the user had cancelled.
 class NoPrinter final : public Printer {
   public:
     bool print(std::string_view, const PrintDocument&) override { return false; }
+    bool printOnDefault(std::string_view, const PrintDocument&) override { return false; }
 };
 
 }  // namespace vantrace

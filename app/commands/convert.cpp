@@ -48,9 +48,9 @@ Command convertCommand() {
     syntax.name = "convert";
     syntax.summary = "Turns messages of mean elements (OMM) into three-line element sets.";
     syntax.details =
-        "Takes CSV, JSON, XML and lines of KEY = value, told apart by content. Catalogue numbers from 100000 "
-        "to "
-        "339999 are written in the Alpha-5 form. Sets that the form can't hold are told on the error stream, "
+        "Takes CSV, JSON, XML and lines of KEY = value, told apart by content. Catalogue numbers from "
+        "100000 to 339999 are written in the Alpha-5 form. Sets that the form can't hold are told on the "
+        "error stream, "
         "and the exit status is 1.";
     syntax.arguments = {"FILE", "the messages; \"-\" is the standard input", 1, 1};
     return {syntax, false, runConvert, true};

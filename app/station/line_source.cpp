@@ -34,17 +34,22 @@ QIODevice& LineSource::socket() {
 
 void LineSource::tick(double now) {
     m_now = now;
-    if (m_isUnderWay || now < m_nextAttempt) return;
+    const bool isQuiet = m_isUnderWay && now - m_lastHeardAt > quietSeconds;
+    if ((m_isUnderWay && !isQuiet) || now < m_nextAttempt) return;
+    m_isRenewal = isQuiet && !m_isOutageTold;
     m_isUnderWay = true;
+    m_lastHeardAt = now;
     connectNow();
 }
 
 void LineSource::connectNow() {
+    m_isAborting = true;
+    m_local.abort();
+    m_tcp.abort();
+    m_isAborting = false;
     if (m_address.isLocal()) {
-        m_local.abort();
         m_local.connectToServer(QString::fromStdString(m_address.localSocket), QIODevice::ReadOnly);
     } else {
-        m_tcp.abort();
         m_tcp.connectToHost(QString::fromStdString(m_address.host), m_address.port, QIODevice::ReadOnly);
     }
 }
@@ -53,10 +58,12 @@ void LineSource::begin() {
     m_lines.clear();
     m_pauseSeconds = 0.0;
     m_isOutageTold = false;
+    if (std::exchange(m_isRenewal, false)) return;
     m_tell("connected to the tracker's line at " + m_address.text());
 }
 
 void LineSource::read() {
+    m_lastHeardAt = m_now;
     const QByteArray bytes = socket().readAll();
     const std::vector<std::string> lines =
         m_lines.take({bytes.data(), static_cast<std::size_t>(bytes.size())});
@@ -64,7 +71,9 @@ void LineSource::read() {
 }
 
 void LineSource::fail(const QString& reason) {
+    if (m_isAborting) return;
     m_isUnderWay = false;
+    m_isRenewal = false;
     m_pauseSeconds = std::clamp(m_pauseSeconds * 2.0, 1.0, longestPauseSeconds);
     m_nextAttempt = m_now + m_pauseSeconds;
     if (std::exchange(m_isOutageTold, true)) return;

@@ -22,6 +22,9 @@ class LineSource {
     /// cut, so that nobody takes it for one.
     LineSource(NetworkAddress address, Taker take, Tell tell);
 
+    /// What says nothing for so long may be a connection whose other end is gone; it is made anew.
+    static constexpr double quietSeconds = 30.0;
+
     /// Several times a second, with the seconds of a clock that only runs forward.
     void tick(double now);
 
@@ -38,6 +41,10 @@ class LineSource {
     LineAssembler m_lines;
     bool m_isUnderWay = false;
     bool m_isOutageTold = false;
+    /// Made anew for its silence alone, which is told to nobody.
+    bool m_isRenewal = false;
+    bool m_isAborting = false;
+    double m_lastHeardAt = 0.0;
     double m_now = 0.0;
     double m_nextAttempt = 0.0;
     double m_pauseSeconds = 0.0;

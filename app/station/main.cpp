@@ -3,6 +3,7 @@
 
 #include <QCoreApplication>
 #include <csignal>
+#include <exception>
 #include <iostream>
 
 #include "app/descriptor.h"
@@ -11,9 +12,10 @@
 #include "platform/system_clock.h"
 #include "platform/user_environment.h"
 
-int main(int argc, char** argv) {
+namespace {
+
+int runOnMachine(int argc, char** argv) {
     using namespace vantrace;
-    occupyStandardDescriptors();
     std::signal(SIGPIPE, SIG_IGN);
     Termination termination;
     const std::vector<std::string> arguments{argv + (argc > 0 ? 1 : 0), argv + argc};
@@ -23,7 +25,20 @@ int main(int argc, char** argv) {
     FileSettingsStore settings(settingsPath(user));
     DescriptorSource in(STDIN_FILENO);
     Console console{in, std::cout, std::cerr};
-    StationSurroundings surroundings{
-        clock, settings, machineFormatFromEnvironment(), {executablePath(), user, std::nullopt}};
+    StationSurroundings surroundings{clock, settings, machineFormatFromEnvironment(), [&] {
+                                         return ProgramFolderRequest{executablePath(), user, std::nullopt};
+                                     }};
     return runStation(arguments, surroundings, console, termination);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    vantrace::occupyStandardDescriptors();
+    try {
+        return runOnMachine(argc, argv);
+    } catch (const std::exception& failure) {
+        std::cerr << "vantrace-station: " << failure.what() << std::endl;
+        return vantrace::exit_status::incomplete;
+    }
 }

@@ -3,8 +3,11 @@
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
+#include <array>
 #include <cerrno>
+#include <charconv>
 #include <cstdlib>
 #include <string>
 
@@ -32,6 +35,28 @@ SingleCopy::SingleCopy(const std::filesystem::path& folder, std::string_view add
     if (::flock(m_file.get(), LOCK_EX | LOCK_NB) != 0) {
         throw UserError("another vantrace-station steers " + std::string(address) + " already");
     }
+    const std::string process = std::to_string(::getpid()) + "\n";
+    if (::ftruncate(m_file.get(), 0) != 0 ||
+        ::write(m_file.get(), process.data(), process.size()) != static_cast<ssize_t>(process.size())) {
+        throw UserError(lockFile(folder, address).string() + ": " + reasonOf(errno));
+    }
+}
+
+SingleCopy::~SingleCopy() {
+    // What stays behind is harmless: nobody holds the lock.
+    [[maybe_unused]] const int status = ::ftruncate(m_file.get(), 0);
+}
+
+std::optional<pid_t> holderOf(const std::filesystem::path& folder, std::string_view address) {
+    const FileDescriptor file(
+        ::open(lockFile(folder, address).c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK));
+    if (!file.isOpen() || ::flock(file.get(), LOCK_SH | LOCK_NB) == 0) return std::nullopt;
+    std::array<char, 16> text{};
+    const ssize_t length = ::read(file.get(), text.data(), text.size());
+    pid_t process = 0;
+    if (length > 0) std::from_chars(text.data(), text.data() + length, process);
+    // Smaller numbers mean groups of processes.
+    return process > 1 ? std::optional(process) : std::nullopt;
 }
 
 std::filesystem::path lockFolder() {

@@ -1,9 +1,12 @@
 #include "app/station/station_main.h"
 
 #include <QCoreApplication>
+#include <cerrno>
+#include <csignal>
 #include <deque>
 #include <filesystem>
 #include <memory>
+#include <set>
 
 #include "app/arguments.h"
 #include "app/output/printable.h"
@@ -29,6 +32,26 @@ CommandLine withFile(const CommandLine& line, const std::vector<std::string>& ar
     return parseCommandLine(stationSyntax(), all);
 }
 
+/// Ends the copies that hold the daemons of these options.
+int stopRunning(const StationOptions& options, Console& console) {
+    const std::filesystem::path folder = lockFolder();
+    std::set<pid_t> holders;
+    for (const auto* const address : {&options.rotator, &options.radio, &options.transmitter}) {
+        const std::optional<pid_t> holder =
+            *address ? holderOf(folder, (*address)->text()) : std::optional<pid_t>();
+        if (holder) holders.insert(*holder);
+    }
+    for (const pid_t holder : holders) {
+        if (::kill(holder, SIGTERM) != 0) {
+            throw UserError("process " + std::to_string(holder) + ": " + reasonOf(errno));
+        }
+        console.err << "vantrace-station: process " << holder << " is asked to end\n" << std::flush;
+    }
+    if (!holders.empty()) return exit_status::good;
+    console.err << "vantrace-station: none runs for these daemons\n" << std::flush;
+    return exit_status::incomplete;
+}
+
 /// Each daemon takes orders from one program.
 std::deque<SingleCopy> locksOf(const StationOptions& options) {
     std::deque<SingleCopy> locks;
@@ -41,11 +64,13 @@ std::deque<SingleCopy> locksOf(const StationOptions& options) {
 }
 
 int steer(const CommandLine& line, const std::vector<std::string>& arguments,
-          StationSurroundings& surroundings, Console& console, Termination& termination) {
+          const ProgramFolderRequest& folder, StationSurroundings& surroundings, Console& console,
+          Termination& termination) {
     UnsavedSettings settings(surroundings.settings);
-    Surroundings parts{surroundings.clock, settings, surroundings.format, surroundings.folder};
+    Surroundings parts{surroundings.clock, settings, surroundings.format, folder};
     Composition program(parts, console, line.value("data"));
     const StationOptions options = stationOptions(withFile(line, arguments, program.state().AppPath));
+    if (line.has("stop")) return stopRunning(options, console);
     const std::optional<Site> site = options.site ? std::optional(parseSite(*options.site)) : std::nullopt;
     const std::deque<SingleCopy> locks = locksOf(options);
     EnginePasses passes(program, site, [&] { surroundings.settings.refresh(); });
@@ -66,6 +91,7 @@ void print(Console& console, const std::string& text) {
 int runStation(const std::vector<std::string>& arguments, StationSurroundings& surroundings, Console& console,
                Termination& termination) {
     const ProgramSyntax syntax = stationSyntax();
+    int statusOfFailure = exit_status::userError;
     try {
         const CommandLine line = parseCommandLine(syntax, arguments);
         switch (line.request) {
@@ -78,11 +104,15 @@ int runStation(const std::vector<std::string>& arguments, StationSurroundings& s
             case CommandLine::Request::run:
                 break;
         }
-        return steer(line, arguments, surroundings, console, termination);
+        // A machine that doesn't tell where the program lies is no mistake of the user.
+        statusOfFailure = exit_status::incomplete;
+        const ProgramFolderRequest folder = surroundings.folder();
+        statusOfFailure = exit_status::userError;
+        return steer(line, arguments, folder, surroundings, console, termination);
     } catch (const std::exception& failure) {
-        // Whatever goes wrong before it runs is a mistake of the user, or a file that he named.
+        // Whatever else goes wrong before it runs is a mistake of the user, or a file that he named.
         console.err << syntax.name + ": " + printable(failure.what()) + "\n" << std::flush;
-        return exit_status::userError;
+        return statusOfFailure;
     }
 }
 

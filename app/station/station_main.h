@@ -1,6 +1,7 @@
 // The run of vantrace-station, apart from its process.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -15,7 +16,8 @@ struct StationSurroundings {
     Clock& clock;
     FileSettingsStore& settings;
     MachineFormat format;
-    ProgramFolderRequest folder;
+    /// Asked only where it steers; what it throws ends the program.
+    std::function<ProgramFolderRequest()> folder;
 };
 
 /// Runs until it is asked to end; the answer is the exit status. Needs a QCoreApplication.

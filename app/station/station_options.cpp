@@ -14,7 +14,7 @@ namespace {
 
 constexpr std::size_t optionFileLimitBytes = std::size_t{1} << 16;
 /// These say where the file of options is, or end the program.
-constexpr std::array<std::string_view, 4> commandLineOnly{"data", "conf", "help", "version"};
+constexpr std::array<std::string_view, 5> commandLineOnly{"data", "conf", "stop", "help", "version"};
 
 std::vector<OptionSyntax> optionSyntax() {
     return {
@@ -25,6 +25,8 @@ std::vector<OptionSyntax> optionSyntax() {
         {"radio", "HOST:PORT",
          "the radio's daemon, rigctld, or \"none\" (else: 127.0.0.1:4532); it receives on its first VFO and, "
          "split, transmits on its second"},
+        {"receive-vfo", "NAME", "what the daemon calls the VFO that is tuned to receive (else: VFOA)"},
+        {"transmit-vfo", "NAME", "and the one that a split radio transmits on, such as Sub (else: VFOB)"},
         {"transmitter", "HOST:PORT",
          "the daemon of another radio, which gets the uplink; the first one then only receives"},
         {"azimuth", "LEAST,MOST",
@@ -39,6 +41,7 @@ std::vector<OptionSyntax> optionSyntax() {
          "for none (else: stay)"},
         {"tune-always", "", "tunes the radio below the horizon as well, not only for a pass"},
         {"dry", "", "prints the commands instead of sending them; nothing is connected but the line"},
+        {"stop", "", "ends the copy that runs with the same options, as does \"wispdde.exe --stop\""},
         {"site", "LAT,LON,HEIGHT_M",
          "the observer: degrees north, degrees east, metres (else: the stored settings)"},
         {"data", "DIR", "the folder of the element files (else: the program folder)"},
@@ -100,8 +103,21 @@ void readPark(const CommandLine& line, SteeringOptions& steering) {
     steering.atLoss = SteeringOptions::AtLoss::parkByDaemon;
     if (*text == "daemon") return;
     const auto position = pairOption(line, "park", {-720.0, 1080.0});
+    if (!position || position->second < -90.0 || position->second > 180.0) {
+        throw UserError("--park: " + inQuotes(*text) + " has an elevation beyond -90 to 180");
+    }
     steering.atLoss = SteeringOptions::AtLoss::goToPark;
     steering.park = {position->first, position->second};
+}
+
+std::string vfoOr(const CommandLine& line, std::string_view option, const std::string& usual) {
+    constexpr std::size_t longestName = 20;
+    const std::optional<std::string> text = line.value(option);
+    if (!text) return usual;
+    const bool isName = !text->empty() && text->size() <= longestName &&
+                        std::ranges::all_of(*text, [](char sign) { return sign > ' ' && sign <= '~'; });
+    if (!isName) throw UserError("--" + std::string(option) + ": " + inQuotes(*text) + " is no name");
+    return *text;
 }
 
 double numberOr(const CommandLine& line, std::string_view option, const NumberRange& range, double usual) {
@@ -123,7 +139,7 @@ ProgramSyntax stationSyntax() {
         "It speaks to the daemons rotctld and rigctld. Where the elements of the satellite are in the "
         "program folder, the whole pass is planned ahead, so that the rotator needn't turn back in its "
         "middle: through an overlap of its azimuths, or over the top. Else it follows the line alone. It "
-        "ends by SIGINT or SIGTERM; the rotator then stops.";
+        "ends by SIGINT or SIGTERM, or by another copy with --stop; the rotator then stops.";
     command.options = optionSyntax();
     syntax.commands.push_back(std::move(command));
     return syntax;
@@ -136,6 +152,12 @@ StationOptions stationOptions(const CommandLine& line) {
     options.rotator = addressOrNone(line, "rotator", options.rotator);
     options.radio = addressOrNone(line, "radio", options.radio);
     options.transmitter = addressOrNone(line, "transmitter", std::nullopt);
+    if (options.radio && options.transmitter && *options.radio == *options.transmitter) {
+        throw UserError("--transmitter: " + inQuotes(options.transmitter->text()) +
+                        " is the radio's daemon already");
+    }
+    options.vfos = {vfoOr(line, "receive-vfo", options.vfos.receive),
+                    vfoOr(line, "transmit-vfo", options.vfos.transmit)};
     options.deadBandDeg = numberOr(line, "dead-band", {0.0, 45.0}, options.deadBandDeg);
     options.tuneStepHz = numberOr(line, "tune-step", {0.0, 1e6}, options.tuneStepHz);
     options.isDry = line.has("dry");

@@ -21,6 +21,7 @@ struct StationOptions {
     std::optional<NetworkAddress> transmitter;
     double deadBandDeg = 2.0;
     double tuneStepHz = 10.0;
+    RadioVfos vfos;
     SteeringOptions steering;
     /// Commands are printed instead of sent.
     bool isDry = false;

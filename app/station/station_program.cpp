@@ -64,7 +64,7 @@ StationProgram::Wire& StationProgram::wire(const char* word, const NetworkAddres
 
 void StationProgram::addRadio(const char* word, const NetworkAddress& address, RadioControl::Use use) {
     m_radios.push_back(std::make_unique<RadioControl>(*wire(word, address).session, use, m_options.tuneStepHz,
-                                                      m_surroundings.tell));
+                                                      m_surroundings.tell, m_options.vfos));
 }
 
 double StationProgram::runningSeconds() const {

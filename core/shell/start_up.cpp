@@ -4,8 +4,11 @@
 #include <filesystem>
 #include <memory>
 #include <stdexcept>
+#include <string>
 #include <utility>
+#include <vector>
 
+#include "catalogue/data_files.h"
 #include "catalogue/favourites.h"
 #include "catalogue/groups.h"
 #include "catalogue/locations.h"
@@ -109,6 +112,17 @@ void loadObserver(ProgramState& state, Services& services, ErrorLabel& label) {
     loadWithComma(state.ObserverLongitude, settings::longitude);
 }
 
+/// What is skipped stays in the file only until the places are saved again: the log keeps a trace of it.
+void loadPlaces(ProgramState& state, Services& services) {
+    constexpr std::size_t shownCharacters = 80;
+    const std::vector<std::string> skipped = LoadLocations(state, services.format);
+    if (skipped.empty()) return;
+    LogError(services,
+             std::string(locationsFile) + ": " + std::to_string(skipped.size()) +
+                 " line(s) skipped, the first one: " + skipped.front().substr(0, shownCharacters),
+             labels::mainLoadAllSettings);
+}
+
 }  // namespace
 
 std::string versionText() {
@@ -165,7 +179,7 @@ void LoadAllSettings(ProgramState& state, Services& services) {
     ErrorLabel label(services, labels::mainLoadAllSettings);
     label.step([&] { LoadFavourites(state); });
     label.step([&] { LoadGroups(state); });
-    label.step([&] { LoadLocations(state, services.format); });
+    label.step([&] { loadPlaces(state, services); });
     loadObserver(state, services, label);
     label.step([&] {
         if (!speechIsOn(services)) return;

@@ -36,8 +36,13 @@ void ChoiceList::currentChanged(const QModelIndex& current, const QModelIndex& p
 
 void ChoiceList::mousePressEvent(QMouseEvent* event) {
     m_isTold = false;
+    const QPointer<ChoiceList> self(this);
     tell(onMouseDown);
-    QListView::mousePressEvent(event);
+    if (!self) return;
+    // A press on a tick would leave the entry unselected otherwise.
+    const QModelIndex pressed = indexAt(event->position().toPoint());
+    if (event->button() == Qt::LeftButton && pressed.isValid()) setCurrentIndex(pressed);
+    if (self) QListView::mousePressEvent(event);
 }
 
 /// The second press of two quick ones.

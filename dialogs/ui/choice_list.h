@@ -6,7 +6,8 @@
 
 namespace vantrace {
 
-/// Entries are chosen with the mouse and with the keyboard; the mouse chooses the selected one as well.
+/// Entries are chosen with the mouse and with the keyboard; the mouse chooses the selected one as well. A
+/// click on an entry's tick chooses the entry first.
 class ChoiceList final : public QListView {
   public:
     using QListView::QListView;

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "core/ui/wheel_guard.h"
 #include "dialogs/ui/choice_list.h"
 #include "dialogs/ui/tick_list_model.h"
 
@@ -34,8 +35,11 @@ void NameListControl::write(const NameList& form) {
     if (std::exchange(m_changes, form.changes) == form.changes) return;
     QStringList texts;
     for (const std::string& text : form.list) texts << QString::fromStdString(text);
+    const QStringList before = m_model->stringList();
     m_model->setStringList(texts);
     m_view.selectQuietly(form.selected);
+    // One that was added is seen.
+    if (texts.size() == before.size() + 1 && texts.first(before.size()) == before) m_view.scrollToBottom();
 }
 
 TickListControl::TickListControl(ChoiceList& view, std::function<void(std::size_t row, bool isTicked)> onTick)
@@ -51,11 +55,17 @@ void TickListControl::read(TickList& form) const {
 void TickListControl::write(const TickList& form) {
     const bool hasNewTicks = std::exchange(m_tickChanges, form.tickChanges) != form.tickChanges;
     if (std::exchange(m_changes, form.changes) != form.changes) {
+        const bool hasNewRow = m_model->isOneLessThan(form);
         m_model->reset(form);
         m_view.selectQuietly(form.selected);
+        if (hasNewRow) m_view.scrollToBottom();
     } else if (hasNewTicks) {
         m_model->update(form);
     }
+}
+
+PickListControl::PickListControl(QComboBox& box) : m_box(box) {
+    new WheelGuard(box);
 }
 
 void PickListControl::read(PickList& form) const {

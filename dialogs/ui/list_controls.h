@@ -46,7 +46,7 @@ class TickListControl {
 /// The list of a drop-down is written once; a text that is no entry of it stands in the place of one.
 class PickListControl {
   public:
-    explicit PickListControl(QComboBox& box) : m_box(box) {}
+    explicit PickListControl(QComboBox& box);
 
     void read(PickList& form) const;
     void write(const PickList& form);

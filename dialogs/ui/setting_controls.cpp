@@ -4,6 +4,7 @@
 #include <QSignalBlocker>
 #include <QSlider>
 
+#include "core/ui/wheel_guard.h"
 #include "dialogs/setting_values.h"
 
 namespace vantrace {
@@ -22,6 +23,7 @@ void setUpSlider(QSlider& slider, const SliderRange& range, int bigStep) {
     slider.setRange(range.least, range.largest);
     slider.setSingleStep(1);
     slider.setPageStep(bigStep);
+    new WheelGuard(slider);
 }
 
 void writeSlider(QSlider& slider, int value) {

@@ -15,7 +15,8 @@ void writeField(QLineEdit& field, const std::string& text);
 /// A text that the field can't show to the last byte stays what it is until the user changes it.
 void readField(const QLineEdit& field, std::string& text);
 
-/// One step is a key, a big one is a click beside the handle.
+/// One step is a key, a big one is a click beside the handle. The wheel needs the focus. For each slider
+/// once.
 void setUpSlider(QSlider& slider, const SliderRange& range, int bigStep);
 /// Nobody is told of it.
 void writeSlider(QSlider& slider, int value);

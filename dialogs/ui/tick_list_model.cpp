@@ -12,6 +12,14 @@ void TickListModel::reset(const TickList& form) {
     endResetModel();
 }
 
+bool TickListModel::isOneLessThan(const TickList& form) const {
+    if (form.list.size() != m_rows.size() + 1) return false;
+    for (std::size_t row = 0; row < m_rows.size(); ++row) {
+        if (m_rows[row].text != QString::fromStdString(form.list[row].text)) return false;
+    }
+    return true;
+}
+
 void TickListModel::update(const TickList& form) {
     for (std::size_t row = 0; row < m_rows.size() && row < form.list.size(); ++row) {
         if (m_rows[row].isTicked == form.list[row].isTicked) continue;

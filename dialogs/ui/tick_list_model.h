@@ -19,6 +19,8 @@ class TickListModel final : public QAbstractListModel {
 
     /// Everything anew.
     void reset(const TickList& form);
+    /// Whether the form has the names of the model and one more at the end.
+    bool isOneLessThan(const TickList& form) const;
     /// The ticks alone.
     void update(const TickList& form);
 

@@ -5,6 +5,7 @@
 
 #include "core/hosts.h"
 #include "core/texts.h"
+#include "internet/element_server/web_address.h"
 
 namespace vantrace {
 
@@ -12,29 +13,6 @@ namespace {
 
 constexpr std::string_view elementFolder = "/norad/elements/";
 constexpr std::string_view supplementalFolder = "/norad/elements/supplemental/";
-
-struct Address {
-    /// In lower case.
-    std::string host;
-    /// With the query, from "/" on.
-    std::string path;
-};
-
-std::optional<Address> addressOf(std::string_view url) {
-    const std::size_t mark = url.find("://");
-    if (mark == std::string_view::npos) return std::nullopt;
-    const std::string scheme = lowerCased(url.substr(0, mark));
-    if (scheme != "http" && scheme != "https") return std::nullopt;
-    url = url.substr(mark + 3);
-    url = url.substr(0, url.find('#'));
-    const std::size_t end = std::min(url.find_first_of("/?"), url.size());
-    std::string_view host = url.substr(0, end);
-    // A user's name in front of it isn't the host's.
-    if (const std::size_t at = host.rfind('@'); at != std::string_view::npos) host = host.substr(at + 1);
-    Address address{lowerCased(host), std::string(url.substr(end))};
-    if (!address.path.starts_with('/')) address.path = "/" + address.path;
-    return address;
-}
 
 bool isLoopback(std::string_view host) {
     return host.substr(0, host.find(':')) == "localhost" || host.starts_with("127.");
@@ -52,10 +30,12 @@ std::string_view withoutEnding(std::string_view host) {
     return isName ? host.substr(0, point) : std::string_view();
 }
 
-bool isSameServer(std::string_view host, std::string_view elementHost) {
+/// Only the host that the program came with is known to have other endings.
+bool isSameServer(std::string_view host, std::string_view known, bool hasOtherEndings) {
     const std::string_view name = withoutWww(host);
-    const std::string_view ownName = withoutWww(elementHost);
-    return name == ownName || (!withoutEnding(name).empty() && withoutEnding(name) == withoutEnding(ownName));
+    const std::string_view knownName = withoutWww(known);
+    if (name == knownName) return true;
+    return hasOtherEndings && !withoutEnding(name).empty() && withoutEnding(name) == withoutEnding(knownName);
 }
 
 struct Renaming {
@@ -113,10 +93,11 @@ std::string presentPath(const std::string& path, ElementRequest& request) {
 }  // namespace
 
 std::optional<ElementRequest> elementRequest(std::string_view url, std::string_view elementHost) {
-    const std::optional<Address> address = addressOf(url);
+    const std::optional<WebAddress> address = webAddress(url);
     if (!address) return std::nullopt;
-    for (const std::string& known : {lowerCased(elementHost), lowerCased(Hosts{}.elementHost)}) {
-        if (!isSameServer(address->host, known)) continue;
+    const std::string usual = hostWord(Hosts{}.elementHost);
+    for (const std::string& known : {hostWord(elementHost), usual}) {
+        if (!isSameServer(address->host, known, known == usual)) continue;
         ElementRequest request;
         request.host = known;
         request.isForElements = lowerCased(address->path).starts_with(elementFolder);

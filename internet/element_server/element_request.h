@@ -23,8 +23,9 @@ struct ElementRequest {
 /// What to ask for an address (scheme, host and path) on the element host, nothing for one on another host.
 ///
 /// The element host is the one of hosts.dat, with or without "www." in front, and the one that the program
-/// came with; also under another ending than its own (.com for .org), since the server has moved and wants to
-/// be asked under its present name only. It is asked by https, but for "localhost" and addresses that begin
+/// came with; the latter also under another ending than its own (.com for .org), since that server has moved
+/// and wants to be asked under its present name only. A port of 80 or 443 and a point at the end of the name
+/// make no other host. It is asked by https, but for "localhost" and addresses that begin
 /// with "127.", where a server for trying things out has no certificate.
 ///
 /// The server's files of former times, /NORAD/elements/NAME.txt, answer no more: what is asked instead is the

@@ -1,6 +1,7 @@
 #include "internet/element_server/http_fetcher.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <exception>
 #include <utility>
@@ -8,9 +9,11 @@
 #include "core/hosts.h"
 #include "core/program_state.h"
 #include "core/texts.h"
+#include "internet/element_server/kept_sets.h"
 #include "internet/element_server/part_file.h"
+#include "internet/element_server/told_time.h"
+#include "internet/element_server/web_address.h"
 #include "internet/omm/three_line_conversion.h"
-#include "orbit/elements/element_reader.h"
 #include "platform/file_replacement.h"
 #include "platform/text_file.h"
 
@@ -21,6 +24,9 @@ namespace {
 constexpr std::size_t longestFileBytes = 64 * 1024 * 1024;
 constexpr std::size_t longestNoticeBytes = 4096;
 constexpr std::size_t mostRemarks = 20;
+constexpr int mostRedirects = 10;
+/// Of all the redirects in front of an answer.
+constexpr std::chrono::minutes longestWay{1};
 constexpr int ok = 200;
 constexpr int forbidden = 403;
 
@@ -29,30 +35,63 @@ FetchError error(FetchFailure failure, std::string message) {
 }
 
 FetchError errorOf(const HttpAnswer& answer) {
+    constexpr std::size_t longestLocation = 200;
     if (answer.failure != HttpFailure::none) return {answer.text, static_cast<std::int16_t>(answer.failure)};
-    return {answer.text.empty() ? "The server's answer" : answer.text,
-            static_cast<std::int16_t>(answer.status)};
+    std::string text = answer.text.empty() ? "The server's answer" : answer.text;
+    if (!answer.location.empty()) text += ", to " + answer.location.substr(0, longestLocation);
+    return {text, static_cast<std::int16_t>(answer.status)};
 }
 
 bool isWell(const HttpAnswer& answer) {
     return answer.failure == HttpFailure::none && answer.status == ok;
 }
 
+/// In lower case, with one blank for each run of blanks and line ends.
+std::string folded(std::string_view text) {
+    std::string result;
+    for (const char sign : lowerCased(text)) {
+        const bool isBlank = sign == ' ' || (sign >= '\t' && sign <= '\r');
+        if (!isBlank) result += sign;
+        if (isBlank && !result.ends_with(' ')) result += ' ';
+    }
+    return result;
+}
+
 /// Of those that come with 403, the one that says that there is nothing newer than what was fetched before.
 bool saysUnchanged(const HttpAnswer& answer, const std::filesystem::path& body) {
     if (answer.failure != HttpFailure::none || answer.status != forbidden) return false;
+    constexpr std::array<std::string_view, 4> phrases{"not updated since", "not been updated since",
+                                                      "not changed since", "not been changed since"};
     try {
-        return lowerCased(readTextFile(body, longestNoticeBytes)).find("has not updated since") !=
-               std::string::npos;
+        const std::string text = folded(readTextFile(body, longestNoticeBytes));
+        return std::ranges::any_of(
+            phrases, [&](std::string_view phrase) { return text.find(phrase) != std::string::npos; });
     } catch (const FileError&) {
         return false;
     }
 }
 
-int countSets(std::string_view content) {
-    int count = 0;
-    readElementSets(content, {[&](ElementSet&&) { ++count; }, [](ElementRemark&&) {}});
-    return count;
+std::string hostOf(const std::string& url) {
+    const auto address = webAddress(url);
+    return address ? address->host : url;
+}
+
+bool losesEncryption(const std::string& from, const std::string& target) {
+    const auto before = webAddress(from);
+    const auto after = webAddress(target);
+    return before && after && before->isEncrypted && !after->isEncrypted;
+}
+
+/// Where a redirect of the element host may be followed to: an address of the very same host.
+std::optional<ElementRequest> sentOnWithin(const ElementRequest& request, const HttpAnswer& answer) {
+    const auto target = webAddress(answer.location);
+    if (answer.failure != HttpFailure::none || !target || hostOf(request.url) != target->host ||
+        losesEncryption(request.url, answer.location)) {
+        return std::nullopt;
+    }
+    ElementRequest next = request;
+    next.url = answer.location.substr(0, answer.location.find('#'));
+    return next;
 }
 
 bool isPort(std::string_view text, std::uint16_t& port) {
@@ -69,7 +108,12 @@ bool isHostName(std::string_view text) {
 }  // namespace
 
 HttpFetcher::HttpFetcher(HttpClient& client, const Clock& clock, const ProgramState& state, Tell tell)
-    : m_client(client), m_state(state), m_tell(std::move(tell)), m_rules(clock) {}
+    : m_client(client),
+      m_state(state),
+      m_tell(std::move(tell)),
+      m_clock(clock),
+      m_rules(clock),
+      m_rest(clock) {}
 
 std::optional<FetchError> HttpFetcher::FetchToFile(std::string_view url, std::string_view file) {
     return fetch(url, file, std::nullopt);
@@ -82,6 +126,9 @@ std::optional<FetchError> HttpFetcher::FetchToFileViaProxy(std::string_view url,
                                                            std::string_view proxyPass) {
     HttpProxy proxy;
     proxy.host = trimmed(proxyHost);
+    if (proxy.host.starts_with('[') && proxy.host.ends_with(']')) {
+        proxy.host = proxy.host.substr(1, proxy.host.size() - 2);
+    }
     if (proxy.host.empty()) return error(FetchFailure::proxyWords, "The proxy has no host");
     if (!isHostName(proxy.host)) {
         return error(FetchFailure::proxyWords,
@@ -101,7 +148,8 @@ std::optional<FetchError> HttpFetcher::fetch(std::string_view url, std::string_v
     try {
         const auto request = elementRequest(url, readHosts(m_state).elementHost);
         const std::string target(file);
-        return request ? fetchElements(*request, target, proxy) : fetchPlainly(url, target, proxy);
+        return request ? fetchElements(*request, target, proxy)
+                       : fetchPlainly(std::string(url), target, proxy);
     } catch (const FileError& failure) {
         return FetchError{failure.what(), static_cast<std::int16_t>(HttpFailure::file)};
     } catch (const std::exception& failure) {
@@ -109,10 +157,54 @@ std::optional<FetchError> HttpFetcher::fetch(std::string_view url, std::string_v
     }
 }
 
-std::optional<FetchError> HttpFetcher::fetchPlainly(std::string_view url, const std::string& file,
+std::string HttpFetcher::restReason(const std::string& url, const std::optional<HttpProxy>& proxy) {
+    const std::string host = hostOf(url);
+    const auto until = m_rest.until(host, proxy);
+    if (!until) return {};
+    return "The server " + host + " took too long just now; not asked again before " +
+           toldTime(m_clock, *until);
+}
+
+HttpAnswer HttpFetcher::ask(const std::string& url, const std::filesystem::path& body,
+                            const std::optional<HttpProxy>& proxy) {
+    HttpAnswer answer = m_client.get({url, body, proxy});
+    m_rest.note(hostOf(url), proxy, answer);
+    return answer;
+}
+
+std::string HttpFetcher::objectionTo(const std::string& from, const std::string& target,
+                                     const std::optional<HttpProxy>& proxy) {
+    if (!webAddress(target)) return "The server sends on to what can't be fetched";
+    if (losesEncryption(from, target)) return "The server sends on to an address without encryption";
+    if (elementRequest(target, readHosts(m_state).elementHost)) {
+        return "The server sends on to " + hostOf(target) + ", which is asked by its own rules only";
+    }
+    return restReason(target, proxy);
+}
+
+HttpAnswer HttpFetcher::askOn(std::string url, const std::filesystem::path& body,
+                              const std::optional<HttpProxy>& proxy) {
+    std::chrono::milliseconds way{0};
+    for (int redirects = 0;; ++redirects) {
+        HttpAnswer answer = ask(url, body, proxy);
+        if (answer.failure != HttpFailure::none || answer.location.empty()) return answer;
+        way += answer.took;
+        std::string objection = objectionTo(url, answer.location, proxy);
+        if (redirects == mostRedirects || way > longestWay) objection = "The server sends on and on";
+        if (!objection.empty()) {
+            answer.failure = HttpFailure::redirect;
+            answer.text = objection;
+            return answer;
+        }
+        url = answer.location;
+    }
+}
+
+std::optional<FetchError> HttpFetcher::fetchPlainly(const std::string& url, const std::string& file,
                                                     const std::optional<HttpProxy>& proxy) {
+    if (auto reason = restReason(url, proxy); !reason.empty()) return error(FetchFailure::tooEarly, reason);
     const PartFile part(file);
-    const HttpAnswer answer = m_client.get({std::string(url), part.path(), HttpRedirects::anyHost, proxy});
+    const HttpAnswer answer = askOn(url, part.path(), proxy);
     if (!isWell(answer)) return errorOf(answer);
     replaceFile(file, readTextFile(part.path(), longestFileBytes));
     return std::nullopt;
@@ -122,23 +214,46 @@ std::optional<FetchError> HttpFetcher::fetchElements(const ElementRequest& reque
                                                      const std::optional<HttpProxy>& proxy) {
     const std::string& folder = m_state.AppPath;
     if (auto refusal = m_rules.refusal(folder, request)) return refusal;
+    if (auto reason = restReason(request.url, proxy); !reason.empty()) {
+        return error(FetchFailure::tooEarly, reason);
+    }
     const PartFile part(file);
     m_rules.noteRequest(folder, request);
-    const HttpAnswer answer = m_client.get({request.url, part.path(), HttpRedirects::sameHost, proxy});
+    HttpAnswer answer = ask(request.url, part.path(), proxy);
+    const auto sentOn = sentOnWithin(request, answer);
+    if (sentOn) {
+        m_rules.noteSentOn(folder, request, answer);
+        if (auto refusal = m_rules.refusal(folder, *sentOn)) return refusal;
+        m_rules.noteRequest(folder, *sentOn);
+        answer = ask(sentOn->url, part.path(), proxy);
+        m_rules.noteSentOn(folder, request, answer);
+    }
     const bool isUnchanged = saysUnchanged(answer, part.path());
-    m_rules.noteAnswer(folder, request, answer, isUnchanged);
+    m_rules.noteAnswer(folder, sentOn.value_or(request), answer, isUnchanged);
     if (isUnchanged) {
         if (std::filesystem::exists(file)) return std::nullopt;
         return error(FetchFailure::notKept,
                      "Nothing has changed since the last fetch, says the server, but there is no such file "
-                     "here; not asked again before " +
-                         m_rules.askableAgain(folder, request));
+                     "here" +
+                         m_rules.consequence(folder, request));
     }
-    if (!isWell(answer)) return errorOf(answer);
+    if (!isWell(answer)) {
+        FetchError failure = errorOf(answer);
+        failure.message += m_rules.consequence(folder, request);
+        return failure;
+    }
     const std::string content = readTextFile(part.path(), longestFileBytes);
     if (request.isForElements) return keepElements(request, file, content);
     replaceFile(file, content);
     return std::nullopt;
+}
+
+void HttpFetcher::tellLeftOut(const std::string& file, const ThreeLineConversion& conversion) const {
+    const std::string start = std::filesystem::path(file).filename().string() + ": left out: ";
+    const std::size_t listed = std::min(conversion.refused.size(), mostRemarks);
+    for (std::size_t i = 0; i < listed; ++i) m_tell(start + conversion.refused[i]);
+    const std::size_t more = conversion.refused.size() - listed + conversion.furtherRefused;
+    if (more > 0) m_tell(start + std::to_string(more) + " more");
 }
 
 std::optional<FetchError> HttpFetcher::keepElements(const ElementRequest& request, const std::string& file,
@@ -146,21 +261,17 @@ std::optional<FetchError> HttpFetcher::keepElements(const ElementRequest& reques
     const ThreeLineConversion conversion = threeLinesFromMessages(content);
     if (conversion.good > 0) {
         replaceFile(file, conversion.text);
-        const std::string name = std::filesystem::path(file).filename().string();
-        const std::size_t count = conversion.refused.size();
-        const std::size_t listed = std::min(count, mostRemarks);
-        for (std::size_t i = 0; i < listed; ++i) m_tell(name + ": left out: " + conversion.refused[i]);
-        if (count > listed) m_tell(name + ": left out: " + std::to_string(count - listed) + " more");
+        tellLeftOut(file, conversion);
         return std::nullopt;
     }
-    if (!conversion.hasHeading && countSets(content) > 0) {
+    if (!conversion.hasHeading && holdsSetsAlone(content)) {
         replaceFile(file, content);
         return std::nullopt;
     }
+    m_rules.noteUseless(m_state.AppPath, request);
     std::string message = "The server's answer holds no good element set";
     if (!conversion.refused.empty()) message += " (" + conversion.refused.front() + ")";
-    return error(FetchFailure::noElements,
-                 message + "; not asked again before " + m_rules.askableAgain(m_state.AppPath, request));
+    return error(FetchFailure::noElements, message + m_rules.consequence(m_state.AppPath, request));
 }
 
 }  // namespace vantrace

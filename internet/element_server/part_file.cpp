@@ -6,12 +6,47 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <chrono>
 #include <string>
+#include <string_view>
+#include <system_error>
 
 #include "platform/file_descriptor.h"
 #include "platform/file_error.h"
 
 namespace vantrace {
+
+namespace {
+
+/// "STEM.xxxxxx.part" or "STEM.xxxxxx.tmp".
+bool isScratchOf(const std::string& stem, std::string_view name) {
+    constexpr std::size_t randomLength = 6;
+    if (!name.starts_with(stem + ".")) return false;
+    name.remove_prefix(stem.size() + 1);
+    return name.size() > randomLength && name.find('.') == randomLength &&
+           (name.substr(randomLength) == ".part" || name.substr(randomLength) == ".tmp");
+}
+
+/// Times of one file system are compared, never with the machine's clock. What fails stays.
+void removeLeftovers(const std::filesystem::path& fresh, const std::string& stem) {
+    constexpr std::chrono::hours longAgo{24};
+    std::error_code error;
+    const auto now = std::filesystem::last_write_time(fresh, error);
+    if (error) return;
+    std::filesystem::directory_iterator entries(fresh.parent_path(), error);
+    for (; !error && entries != std::filesystem::directory_iterator(); entries.increment(error)) {
+        const std::filesystem::directory_entry& entry = *entries;
+        std::error_code failure;
+        if (!isScratchOf(stem, entry.path().filename().string()) || entry.is_symlink(failure) ||
+            !entry.is_regular_file(failure)) {
+            continue;
+        }
+        const auto time = entry.last_write_time(failure);
+        if (!failure && now - time > longAgo) std::filesystem::remove(entry.path(), failure);
+    }
+}
+
+}  // namespace
 
 PartFile::PartFile(const std::filesystem::path& target) {
     struct stat old {};
@@ -25,6 +60,7 @@ PartFile::PartFile(const std::filesystem::path& target) {
     const FileDescriptor made(mkostemps(name.data(), 5, O_CLOEXEC));
     if (!made.isOpen()) throw FileError(target, reasonOf(errno));
     m_path = name;
+    removeLeftovers(m_path, stem);
 }
 
 PartFile::~PartFile() {

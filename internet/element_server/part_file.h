@@ -6,7 +6,8 @@
 namespace vantrace {
 
 /// An empty file of a name of its own, "NAME.xxxxxx.part", in the folder of the file that it is for. Goes
-/// with this object.
+/// with this object. What a program that was killed has left there for the same file, this or replaceFile()'s
+/// "NAME.xxxxxx.tmp", is removed when it is older than a day.
 class PartFile {
   public:
     /// Throws FileError where none can be made, or where what is there already is no regular file or may not

@@ -6,6 +6,7 @@
 #include <stdexcept>
 
 #include "core/date_time.h"
+#include "core/texts.h"
 #include "platform/file_replacement.h"
 #include "platform/text_file.h"
 
@@ -60,28 +61,27 @@ std::string timeText(double time) {
 }  // namespace
 
 double RequestMemory::Request::spanDays() const {
-    return status == 404 || status == 410 ? unknownSpanDays : usualSpanDays;
+    return isUnknown(status) ? unknownSpanDays : usualSpanDays;
 }
 
 RequestMemory::RequestMemory(const Clock& clock) : m_clock(clock) {}
 
 std::optional<RequestMemory::Wait> RequestMemory::waitFor(const std::string& folder, const std::string& url) {
     if (load(folder)) save(folder);
-    const auto request = m_requests.find(url);
+    const auto request = m_requests.find(lowerCased(url));
     if (request == m_requests.end()) return std::nullopt;
-    return Wait{request->second.time + request->second.spanDays(),
-                request->second.spanDays() > usualSpanDays};
+    return Wait{request->second.time + request->second.spanDays(), request->second.status};
 }
 
 void RequestMemory::note(const std::string& folder, const std::string& url, int status) {
     load(folder);
-    m_requests[url] = {NowUTC(m_clock), status};
+    m_requests[lowerCased(url)] = {NowUTC(m_clock), status};
     save(folder);
 }
 
 void RequestMemory::forget(const std::string& folder, const std::string& url) {
     load(folder);
-    m_requests.erase(url);
+    m_requests.erase(lowerCased(url));
     save(folder);
 }
 
@@ -108,7 +108,7 @@ void RequestMemory::readLine(std::string_view line) {
     if (!time || blank == 0 || blank > 3 || blank + 1 == rest.size()) return;
     const std::optional<int> status = digits(rest, 0, blank);
     if (!status) return;
-    const auto [known, isNew] = m_requests.try_emplace(std::string(rest.substr(blank + 1)));
+    const auto [known, isNew] = m_requests.try_emplace(lowerCased(rest.substr(blank + 1)));
     if (isNew || known->second.time <= *time) known->second = {*time, *status};
 }
 

@@ -11,9 +11,9 @@
 namespace vantrace {
 
 /// Kept in `fetches.dat` of the program folder: one line for each address that may not be asked yet, with the
-/// UTC of the request, the answer's status (0 before there was one), and the address. Written whole or not at
-/// all; a file that can't be written costs only what the next run would have known, one that can't be read or
-/// makes no sense tells nothing.
+/// UTC of the request, the answer's status (0 before there was one), and the address, in lower case: whether
+/// the server tells cases apart isn't known. Written whole or not at all; a file that can't be written costs
+/// only what the next run would have known, one that can't be read or makes no sense tells nothing.
 ///
 /// An address may be asked once in two hours; one that the server said it hasn't (404, 410), once in seven
 /// days, so that a group that has ceased doesn't stand in the way of all those after it with every update. A
@@ -22,11 +22,18 @@ class RequestMemory {
   public:
     explicit RequestMemory(const Clock& clock);
 
+    /// There was no answer, or none yet when the program ended.
+    static constexpr int unanswered = 0;
+    /// An answer came with 200, but had nothing of use in it. No status of HTTP.
+    static constexpr int useless = 1;
+    /// The server said that it hasn't got this.
+    static bool isUnknown(int status) { return status == 404 || status == 410; }
+
     struct Wait {
         /// UTC, a day number.
         double notBefore = 0;
-        /// The server said that it hasn't got this.
-        bool isForUnknown = false;
+        /// The answer's, or one of the two below.
+        int status = 0;
     };
     /// What stands against asking now; nothing where nothing does. `folder` is the program folder.
     std::optional<Wait> waitFor(const std::string& folder, const std::string& url);

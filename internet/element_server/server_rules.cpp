@@ -1,18 +1,34 @@
 #include "internet/element_server/server_rules.h"
 
-#include "core/date_time.h"
-#include "core/texts.h"
+#include "internet/element_server/told_time.h"
 
 namespace vantrace {
 
 namespace {
 
-constexpr double restDays = 60.0 / 86400;
-/// Half a second: day numbers are whole seconds, but not to the last bit.
-constexpr double slackDays = 0.5 / 86400;
+constexpr int ok = 200;
+constexpr int forbidden = 403;
 
 FetchError error(FetchFailure failure, std::string message) {
     return {std::move(message), static_cast<std::int16_t>(failure)};
+}
+
+/// Why an address has to wait, as far as its last answer tells.
+std::string reasonOfWait(const std::string& host, int status) {
+    if (RequestMemory::isUnknown(status)) return "The server " + host + " had no such file";
+    const std::string asked = "Asked less than two hours ago";
+    switch (status) {
+        case ok:
+        // Another 403 stops the host, and then this isn't told.
+        case forbidden:
+            return asked + "; the server " + host + " has nothing newer yet";
+        case RequestMemory::unanswered:
+            return asked + ", without a whole answer of the server " + host;
+        case RequestMemory::useless:
+            return asked + ", and the answer of the server " + host + " held no good element set";
+        default:
+            return asked + ", and the server " + host + " answered " + std::to_string(status);
+    }
 }
 
 }  // namespace
@@ -29,54 +45,47 @@ std::optional<FetchError> ServerRules::refusal(const std::string& folder, const 
                                                     stopped->second +
                                                     " and isn't asked again until the program is restarted");
     }
-    if (const auto rest = m_resting.find(request.host); rest != m_resting.end()) {
-        const double left = rest->second - NowUTC(m_clock);
-        // More than the whole rest is left where the clock has been set back.
-        if (left > slackDays && left <= restDays + slackDays) {
-            return error(FetchFailure::tooEarly, "The server " + request.host +
-                                                     " took too long just now; not asked again before " +
-                                                     localText(rest->second));
-        }
-        m_resting.erase(rest);
-    }
     const auto wait = m_memory.waitFor(folder, request.url);
     if (!wait) return std::nullopt;
-    return error(
-        FetchFailure::tooEarly,
-        (wait->isForUnknown
-             ? "The server " + request.host + " had no such file; not asked again before "
-             : "Asked less than two hours ago; the server " + request.host + " has nothing newer before ") +
-            localText(wait->notBefore));
+    return error(FetchFailure::tooEarly, reasonOfWait(request.host, wait->status) +
+                                             "; not asked again before " +
+                                             toldTime(m_clock, wait->notBefore));
 }
 
 void ServerRules::noteRequest(const std::string& folder, const ElementRequest& request) {
-    m_memory.note(folder, request.url, 0);
+    m_memory.note(folder, request.url, RequestMemory::unanswered);
 }
 
 void ServerRules::noteAnswer(const std::string& folder, const ElementRequest& request,
                              const HttpAnswer& answer, bool saysUnchanged) {
-    if (answer.failure != HttpFailure::none) {
-        if (answer.failure == HttpFailure::tooSlow) m_resting[request.host] = NowUTC(m_clock) + restDays;
-        if (!answer.mayHaveArrived) m_memory.forget(folder, request.url);
-        return;
-    }
-    m_memory.note(folder, request.url, answer.status);
-    if (answer.status == 200 || saysUnchanged) return;
-    m_stopped.try_emplace(
-        request.host, std::to_string(answer.status) + (answer.text.empty() ? "" : " (" + answer.text + ")"));
+    const bool isFailure = answer.failure != HttpFailure::none;
+    if (!answer.mayHaveArrived) m_memory.forget(folder, request.url);
+    // A proxy's refusal isn't the host's answer.
+    if (answer.status == 0 || answer.failure == HttpFailure::proxy) return;
+    if (!isFailure || answer.status != ok) m_memory.note(folder, request.url, answer.status);
+    if (answer.status == ok || saysUnchanged) return;
+    const bool hasWords = !isFailure && !answer.text.empty();
+    m_stopped.try_emplace(request.host,
+                          std::to_string(answer.status) + (hasWords ? " (" + answer.text + ")" : ""));
 }
 
-std::string ServerRules::askableAgain(const std::string& folder, const ElementRequest& request) {
+void ServerRules::noteSentOn(const std::string& folder, const ElementRequest& request,
+                             const HttpAnswer& lastAnswer) {
+    const bool isWhole = lastAnswer.failure == HttpFailure::none;
+    m_memory.note(folder, request.url, isWhole ? lastAnswer.status : RequestMemory::unanswered);
+}
+
+void ServerRules::noteUseless(const std::string& folder, const ElementRequest& request) {
+    m_memory.note(folder, request.url, RequestMemory::useless);
+}
+
+std::string ServerRules::consequence(const std::string& folder, const ElementRequest& request) {
     const auto wait = m_memory.waitFor(folder, request.url);
-    return localText(wait ? wait->notBefore : NowUTC(m_clock));
-}
-
-std::string ServerRules::localText(double utc) const {
-    const DateParts local = dateParts(ToLocal(m_clock, utc));
-    const DateParts today = dateParts(NowLocal(m_clock));
-    const bool isToday = local.year == today.year && local.month == today.month && local.day == today.day;
-    return (isToday ? "" : MonthDayText(local.day, local.month) + " ") +
-           TimeText(local.hour, local.minute, local.second);
+    const std::string time = wait ? "; not asked again before " + toldTime(m_clock, wait->notBefore) : "";
+    if (!m_stopped.contains(request.host)) return time;
+    const std::string stop =
+        "; the server " + request.host + " isn't asked again until the program is restarted";
+    return wait && RequestMemory::isUnknown(wait->status) ? time + stop : stop;
 }
 
 }  // namespace vantrace

@@ -3,7 +3,6 @@
 
 #include <map>
 #include <optional>
-#include <set>
 #include <string>
 
 #include "internet/element_server/element_request.h"
@@ -26,8 +25,7 @@ enum class FetchFailure : std::int16_t {
 
 /// The rules are those of https://celestrak.org/usage-policy.php: an address is asked at most once in two
 /// hours, since nothing is newer before; after any answer but 200, or the 403 that says that nothing has
-/// changed, the host isn't asked again until the program ends. A host that let a request wait too long has a
-/// minute's rest, so that an update of many groups doesn't wait for each of them.
+/// changed, the host isn't asked again until the program ends, also where that answer broke off.
 class ServerRules {
   public:
     explicit ServerRules(const Clock& clock);
@@ -38,18 +36,19 @@ class ServerRules {
     void noteRequest(const std::string& folder, const ElementRequest& request);
     void noteAnswer(const std::string& folder, const ElementRequest& request, const HttpAnswer& answer,
                     bool saysUnchanged);
-    /// When the address may be asked again: "08:18:38" in local time, with "24 NOV " in front on another day.
-    std::string askableAgain(const std::string& folder, const ElementRequest& request);
+    /// The answer sent on to another address of the host, which was asked in its place.
+    void noteSentOn(const std::string& folder, const ElementRequest& request, const HttpAnswer& lastAnswer);
+    /// The answer was one of 200, but there was no good set in it.
+    void noteUseless(const std::string& folder, const ElementRequest& request);
+    /// What a failure has for its consequence, to be put behind its words: "; not asked again before
+    /// 08:18:38" and its like. Empty where it has none.
+    std::string consequence(const std::string& folder, const ElementRequest& request);
 
   private:
-    std::string localText(double utc) const;
-
     const Clock& m_clock;
     RequestMemory m_memory;
     /// Why each of them isn't asked any more.
     std::map<std::string, std::string> m_stopped;
-    /// Until when each of them rests: UTC, a day number.
-    std::map<std::string, double> m_resting;
 };
 
 }  // namespace vantrace

@@ -80,6 +80,7 @@ HttpAnswer QtHttpClient::get(const HttpRequest& request) {
     if (isAnswered) return pending->answer;
     HttpAnswer answer = failed(HttpFailure::other, "The network of this machine hangs");
     answer.mayHaveArrived = true;
+    answer.took = std::chrono::duration_cast<std::chrono::milliseconds>(m_limits.whole + grace);
     return answer;
 }
 

@@ -17,7 +17,7 @@ class HttpWorker;
 struct HttpLimits {
     /// Without any sign of life from the other side.
     std::chrono::milliseconds quiet{30'000};
-    /// For one request with all its redirects.
+    /// For one request.
     std::chrono::milliseconds whole{600'000};
     /// Of a body, unpacked.
     std::int64_t bodyBytes = 64 * 1024 * 1024;

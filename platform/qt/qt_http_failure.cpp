@@ -11,6 +11,8 @@ HttpFailure httpFailureOf(int networkError, bool hasProxy, bool mayHaveArrived) 
         case QNetworkReply::ConnectionRefusedError:
             return orProxy(HttpFailure::refused);
         case QNetworkReply::RemoteHostClosedError:
+        // It closed before it answered, and isn't asked once more.
+        case QNetworkReply::ContentReSendError:
             return HttpFailure::closed;
         case QNetworkReply::HostNotFoundError:
             return orProxy(HttpFailure::hostName);

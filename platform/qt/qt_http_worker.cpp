@@ -2,11 +2,14 @@
 
 #include <fcntl.h>
 
+#include <QIODevice>
 #include <QNetworkAccessManager>
 #include <QNetworkProxy>
 #include <QNetworkReply>
 #include <QSslError>
 #include <QStringList>
+#include <algorithm>
+#include <array>
 #include <cerrno>
 #include <utility>
 
@@ -16,7 +19,6 @@ namespace vantrace {
 
 namespace {
 
-constexpr int mostRedirects = 10;
 /// What waits in memory to be written.
 constexpr qint64 readAheadBytes = 1 << 20;
 constexpr qsizetype longestText = 300;
@@ -38,6 +40,34 @@ bool isSameHost(const QUrl& left, const QUrl& right) {
 bool isFetchable(const QUrl& url) {
     return url.isValid() && !url.host().isEmpty() &&
            (url.scheme() == QLatin1String("http") || url.scheme() == QLatin1String("https"));
+}
+
+/// An empty body. Qt takes a body back to its start before it sends a request once more, and sends none where
+/// that fails: the one way to have a request sent once. No QBuffer, which Qt would read past this class.
+class UnrepeatableBody final : public QIODevice {
+  public:
+    /// A proxy may want to know who asks, and that takes further rounds.
+    explicit UnrepeatableBody(bool mayIntroduceItself) : m_mayIntroduceItself(mayIntroduceItself) {
+        open(QIODevice::ReadOnly);
+    }
+    bool reset() override { return m_mayIntroduceItself; }
+
+  protected:
+    qint64 readData(char*, qint64) override { return -1; }
+    qint64 writeData(const char*, qint64) override { return -1; }
+
+  private:
+    const bool m_mayIntroduceItself;
+};
+
+/// Nobody who could answer was reached. A proxy that broke off may have passed the request on.
+bool isBeforeTheHost(QNetworkReply::NetworkError error) {
+    constexpr std::array errors{
+        QNetworkReply::ConnectionRefusedError,  QNetworkReply::HostNotFoundError,
+        QNetworkReply::SslHandshakeFailedError, QNetworkReply::ProxyConnectionRefusedError,
+        QNetworkReply::ProxyNotFoundError,      QNetworkReply::ProxyAuthenticationRequiredError,
+    };
+    return std::ranges::find(errors, error) != errors.end();
 }
 
 QNetworkProxy qtProxy(const std::optional<HttpProxy>& proxy) {
@@ -75,7 +105,7 @@ void HttpWorker::start(const HttpRequest& request, Done done) {
     m_done = std::move(done);
     m_answer = {};
     m_bodyBytes = 0;
-    m_redirects = 0;
+    m_start = std::chrono::steady_clock::now();
     m_whole.start(m_limits.whole);
     m_file.emplace(
         open(request.file.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC, 0644));
@@ -96,6 +126,7 @@ void HttpWorker::prepareNetwork() {
     if (m_network && isSameProxy(m_networkProxy, m_request.proxy)) return;
     m_networkProxy = m_request.proxy;
     m_network = std::make_unique<QNetworkAccessManager>();
+    m_mayBeConnected = false;
     m_network->setProxy(qtProxy(m_networkProxy));
 }
 
@@ -110,22 +141,29 @@ void HttpWorker::ask(const QUrl& url) {
     request.setAttribute(QNetworkRequest::CookieSaveControlAttribute, QNetworkRequest::Manual);
     // Our own limit is enough against bodies that unpack without end.
     request.setDecompressedSafetyCheckThreshold(-1);
-    m_reply = m_network->get(request);
+    // Qt would ask again by itself, up to three times, when the server closes before it has answered.
+    const bool mayIntroduceItself = m_request.proxy && !m_request.proxy->user.empty();
+    auto body = std::make_unique<UnrepeatableBody>(mayIntroduceItself);
+    m_reply = m_network->sendCustomRequest(request, "GET", body.get());
+    body.release()->setParent(m_reply);
     m_reply->setReadBufferSize(readAheadBytes);
     const auto isAlive = [this] { m_quiet.start(m_limits.quiet); };
-    connect(m_reply, &QNetworkReply::encrypted, this, isAlive);
-    connect(m_reply, &QNetworkReply::requestSent, this, [this, isAlive] {
+    // Qt tells when a request without a body is sent, and this one has one. Until TLS is agreed on it can't
+    // be; without TLS, and on a connection that served before, it isn't known.
+    m_answer.mayHaveArrived = url.scheme() == QLatin1String("http") || m_mayBeConnected;
+    const auto isReached = [this, isAlive] {
         m_answer.mayHaveArrived = true;
         isAlive();
-    });
+    };
+    connect(m_reply, &QNetworkReply::encrypted, this, isReached);
     connect(m_reply, &QNetworkReply::sslErrors, this, [this](const QList<QSslError>& errors) {
         QStringList reasons;
         for (const QSslError& error : errors) reasons << error.errorString();
         reasons.removeDuplicates();
         m_distrust = reasons.join(QStringLiteral("; "));
     });
-    connect(m_reply, &QNetworkReply::metaDataChanged, this, [this, isAlive] {
-        isAlive();
+    connect(m_reply, &QNetworkReply::metaDataChanged, this, [this, isReached] {
+        isReached();
         takeHead();
     });
     connect(m_reply, &QNetworkReply::readyRead, this, [this, isAlive] {
@@ -176,44 +214,26 @@ void HttpWorker::takeEnd() {
     // What Qt calls an error may be an answer, too.
     const bool isAnswer = m_answer.status >= 400 && error >= QNetworkReply::ContentAccessDenied;
     if (error != QNetworkReply::NoError && !isAnswer) {
+        if (isBeforeTheHost(error)) m_answer.mayHaveArrived = false;
         const HttpFailure failure =
             httpFailureOf(error, m_request.proxy.has_value(), m_answer.mayHaveArrived);
-        if (failure == HttpFailure::proxy) m_answer.mayHaveArrived = false;
         fail(failure, textOf(error));
         return;
     }
-    const QByteArray location = m_reply->rawHeader("Location");
-    if (m_answer.status >= 301 && m_answer.status <= 308 && m_answer.status != 304 && !location.isEmpty()) {
-        follow(location);
-    } else {
-        finish();
-    }
+    m_answer.location = location();
+    m_mayBeConnected = true;
+    finish();
 }
 
-void HttpWorker::follow(const QByteArray& location) {
-    const QUrl from = m_reply->url();
-    QUrl target = from.resolved(QUrl::fromEncoded(location));
-    if (!isFetchable(target)) {
-        fail(HttpFailure::redirect, "The server sends on to what can't be fetched");
-    } else if (from.scheme() == QLatin1String("https") && target.scheme() == QLatin1String("http")) {
-        fail(HttpFailure::redirect, "The server sends on to an address without encryption");
-    } else if (!isSameHost(from, target) && m_request.redirects == HttpRedirects::sameHost) {
-        m_answer.leadsToOtherHost = true;
-        m_answer.text = printable(QString::fromStdString(m_answer.text) +
-                                  QStringLiteral(", to another host: ") + target.host());
-        finish();
-    } else if (++m_redirects > mostRedirects) {
-        fail(HttpFailure::redirect, "The server sends on and on");
-    } else if (ftruncate(m_file->get(), 0) != 0 || lseek(m_file->get(), 0, SEEK_SET) != 0) {
-        fail(HttpFailure::file, m_request.file.string() + ": " + reasonOf(errno));
-    } else {
-        m_bodyBytes = 0;
-        m_reply->disconnect(this);
-        std::exchange(m_reply, nullptr)->deleteLater();
-        // A name and a password were meant for the first host.
-        if (!isSameHost(from, target)) target.setUserInfo(QString());
-        ask(target);
-    }
+std::string HttpWorker::location() const {
+    // Use Proxy (305) is not to be followed any more, says RFC 9110.
+    constexpr std::array redirects{301, 302, 303, 307, 308};
+    const QByteArray told = m_reply->rawHeader("Location");
+    if (told.isEmpty() || std::ranges::find(redirects, m_answer.status) == redirects.end()) return {};
+    QUrl target = m_reply->url().resolved(QUrl::fromEncoded(told));
+    // A name and a password were meant for the first host.
+    if (!isSameHost(m_reply->url(), target)) target.setUserInfo(QString());
+    return target.toEncoded().toStdString();
 }
 
 std::string HttpWorker::textOf(int networkError) const {
@@ -225,6 +245,7 @@ std::string HttpWorker::textOf(int networkError) const {
         case QNetworkReply::ProxyConnectionRefusedError:
             return printable(host + QStringLiteral(" takes no connection"));
         case QNetworkReply::RemoteHostClosedError:
+        case QNetworkReply::ContentReSendError:
         case QNetworkReply::ProxyConnectionClosedError:
             return printable(host + QStringLiteral(" closed the connection too early"));
         case QNetworkReply::HostNotFoundError:
@@ -261,6 +282,8 @@ void HttpWorker::finish() {
         m_answer.text = m_request.file.string() + ": " + reasonOf(errno);
     }
     m_file.reset();
+    m_answer.took =
+        std::chrono::duration_cast<std::chrono::milliseconds>(std::chrono::steady_clock::now() - m_start);
     // The manager may be further up on the stack.
     if (m_answer.failure != HttpFailure::none && m_network) m_network.release()->deleteLater();
     std::exchange(m_done, nullptr)(std::move(m_answer));

@@ -4,6 +4,7 @@
 #include <QObject>
 #include <QTimer>
 #include <QUrl>
+#include <chrono>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -35,7 +36,8 @@ class HttpWorker final : public QObject {
     void takeHead();
     void takeBody();
     void takeEnd();
-    void follow(const QByteArray& location);
+    /// Where the answer sends on to; empty where it doesn't.
+    std::string location() const;
     bool writeBody(const QByteArray& body);
     std::string textOf(int networkError) const;
     void fail(HttpFailure failure, std::string text);
@@ -49,6 +51,8 @@ class HttpWorker final : public QObject {
     /// failure, so that nothing of it lives on.
     std::unique_ptr<QNetworkAccessManager> m_network;
     std::optional<HttpProxy> m_networkProxy;
+    /// It has served.
+    bool m_mayBeConnected = false;
 
     HttpRequest m_request;
     Done m_done;
@@ -56,7 +60,7 @@ class HttpWorker final : public QObject {
     QNetworkReply* m_reply = nullptr;
     std::optional<FileDescriptor> m_file;
     std::int64_t m_bodyBytes = 0;
-    int m_redirects = 0;
+    std::chrono::steady_clock::time_point m_start{};
     /// What TLS complained of.
     QString m_distrust;
 };

@@ -42,7 +42,18 @@ std::string LineDesk::take() {
     return m_line;
 }
 
-LineClients::LineClients(LinePlaces places) : m_places(std::move(places)), m_tcp(this), m_local(this) {
+void LineDesk::putTrouble(std::string trouble) {
+    const std::lock_guard lock(m_mutex);
+    m_troubles.push_back(std::move(trouble));
+}
+
+std::vector<std::string> LineDesk::takeTroubles() {
+    const std::lock_guard lock(m_mutex);
+    return std::exchange(m_troubles, {});
+}
+
+LineClients::LineClients(LinePlaces places, std::shared_ptr<LineDesk> desk)
+    : m_places(std::move(places)), m_desk(std::move(desk)), m_tcp(this), m_local(this) {
     m_local.setSocketOptions(QLocalServer::UserAccessOption);
     connect(&m_tcp, &QTcpServer::newConnection, this, [this] { welcome(m_tcp); });
     connect(&m_local, &QLocalServer::newConnection, this, [this] { welcome(m_local); });
@@ -55,6 +66,7 @@ LineClients::~LineClients() {
 void LineClients::tell(const std::string& line) {
     const bool wasOn = !m_line.isEmpty();
     m_line = line.empty() ? QByteArray() : QByteArray::fromStdString(line) + '\n';
+    m_lineCameAt = std::chrono::steady_clock::now();
     if (!m_line.isEmpty()) openPlaces();
     if (m_line.isEmpty() && !wasOn) return;
     const QByteArray told = m_line.isEmpty() ? QByteArray("\n") : m_line;
@@ -70,8 +82,19 @@ void LineClients::openPlaces() {
     const auto now = std::chrono::steady_clock::now();
     if (m_lastTry && now - *m_lastTry < betweenTries) return;
     m_lastTry = now;
-    if (!m_tcp.isListening()) m_tcp.listen(QHostAddress::LocalHost, m_places.port);
+    if (!m_tcp.isListening()) openPort();
     if (!m_local.isListening() && !m_places.socket.empty()) openSocket();
+}
+
+void LineClients::openPort() {
+    if (m_tcp.listen(QHostAddress::LocalHost, m_places.port) || std::exchange(m_isPortTold, true)) return;
+    m_desk->putTrouble("The tracking line can't be told on 127.0.0.1, port " + std::to_string(m_places.port) +
+                       ": " + m_tcp.errorString().toStdString());
+}
+
+/// Whose program has stopped publishing doesn't send antennas round by what it said last.
+bool LineClients::isFresh() const {
+    return !m_line.isEmpty() && std::chrono::steady_clock::now() - m_lineCameAt <= m_places.lineLife;
 }
 
 void LineClients::openSocket() {
@@ -79,9 +102,12 @@ void LineClients::openSocket() {
     // A program that was killed has left its socket lying; one that lives answers.
     QLocalSocket other;
     other.connectToServer(path, QIODevice::ReadOnly);
-    if (other.waitForConnected(100)) return;
-    if (other.error() == QLocalSocket::ConnectionRefusedError) QLocalServer::removeServer(path);
-    m_local.listen(path);
+    const bool isTaken = other.waitForConnected(100);
+    if (!isTaken && other.error() == QLocalSocket::ConnectionRefusedError) QLocalServer::removeServer(path);
+    if (!isTaken && m_local.listen(path)) return;
+    if (std::exchange(m_isSocketTold, true)) return;
+    m_desk->putTrouble("The tracking line can't be told on " + m_places.socket.string() + ": " +
+                       (isTaken ? "another program serves it" : m_local.errorString().toStdString()));
 }
 
 template <class Server>
@@ -100,7 +126,7 @@ void LineClients::welcome(Server& server) {
         connect(device, &QIODevice::readyRead, this, [this, device] { hear(device); });
         connect(device, &Device::disconnected, this, [this, device] { dismiss(device); });
         m_clients.push_back({device, std::nullopt, 0});
-        if (!m_line.isEmpty()) send(m_clients.back(), m_line);
+        if (isFresh()) send(m_clients.back(), m_line);
     }
 }
 

@@ -5,6 +5,7 @@
 #include <QObject>
 #include <QTcpServer>
 #include <chrono>
+#include <memory>
 #include <mutex>
 #include <optional>
 #include <string>
@@ -16,15 +17,19 @@ class QIODevice;
 
 namespace vantrace {
 
-/// The newest line, laid down by one thread and taken up by another.
+/// The newest line, laid down by one thread and taken up by another; the other way what went wrong.
 class LineDesk {
   public:
     /// True when nobody has been called yet to take it.
     bool put(std::string line);
     std::string take();
+    void putTrouble(std::string trouble);
+    /// Those that nobody has taken yet.
+    std::vector<std::string> takeTroubles();
 
   private:
     std::mutex m_mutex;
+    std::vector<std::string> m_troubles;
     std::string m_line;
     bool m_isCalled = false;
 };
@@ -32,7 +37,7 @@ class LineDesk {
 /// Lives, and is destroyed, on a thread with an event loop.
 class LineClients final : public QObject {
   public:
-    explicit LineClients(LinePlaces places);
+    LineClients(LinePlaces places, std::shared_ptr<LineDesk> desk);
     ~LineClients() override;
 
     void tell(const std::string& line);
@@ -46,7 +51,9 @@ class LineClients final : public QObject {
     };
 
     void openPlaces();
+    void openPort();
     void openSocket();
+    bool isFresh() const;
     template <class Server>
     void welcome(Server& server);
     void send(Client& client, const QByteArray& line);
@@ -56,11 +63,15 @@ class LineClients final : public QObject {
     Client* find(QIODevice* device);
 
     const LinePlaces m_places;
+    const std::shared_ptr<LineDesk> m_desk;
+    bool m_isPortTold = false;
+    bool m_isSocketTold = false;
     QTcpServer m_tcp;
     QLocalServer m_local;
     std::optional<std::chrono::steady_clock::time_point> m_lastTry;
     /// As it is sent, with its end; empty without one.
     QByteArray m_line;
+    std::chrono::steady_clock::time_point m_lineCameAt;
     std::vector<Client> m_clients;
 };
 

@@ -44,7 +44,7 @@ LinePlaces usualLinePlaces() {
 /// The thread that tells, and the way to it.
 class QtLinePublisher::Desk {
   public:
-    explicit Desk(LinePlaces places) : m_places(std::move(places)) {}
+    Desk(LinePlaces places, Tell tell) : m_places(std::move(places)), m_tell(std::move(tell)) {}
     ~Desk();
     Desk(const Desk&) = delete;
     Desk& operator=(const Desk&) = delete;
@@ -55,6 +55,7 @@ class QtLinePublisher::Desk {
     void start();
 
     const LinePlaces m_places;
+    const Tell m_tell;
     // Shared with the thread, which may live on for a while.
     const std::shared_ptr<LineDesk> m_desk = std::make_shared<LineDesk>();
     QThread* m_thread = nullptr;
@@ -75,6 +76,9 @@ QtLinePublisher::Desk::~Desk() {
 void QtLinePublisher::Desk::publish(std::string line) {
     if (!m_thread && line.empty()) return;
     if (!m_thread) start();
+    for (const std::string& trouble : m_desk->takeTroubles()) {
+        if (m_tell) m_tell(trouble);
+    }
     if (!m_clients || !m_desk->put(std::move(line))) return;
     QMetaObject::invokeMethod(
         m_clients, [clients = m_clients, desk = m_desk] { clients->tell(desk->take()); },
@@ -83,7 +87,7 @@ void QtLinePublisher::Desk::publish(std::string line) {
 
 void QtLinePublisher::Desk::start() {
     if (!QCoreApplication::instance()) return;
-    m_clients = new LineClients(m_places);
+    m_clients = new LineClients(m_places, m_desk);
     m_thread = QThread::create([clients = m_clients] {
         const std::unique_ptr<LineClients> owned(clients);
         QEventLoop().exec();
@@ -93,7 +97,8 @@ void QtLinePublisher::Desk::start() {
     m_thread->start();
 }
 
-QtLinePublisher::QtLinePublisher(LinePlaces places) : m_desk(std::make_unique<Desk>(std::move(places))) {}
+QtLinePublisher::QtLinePublisher(LinePlaces places, Tell tell)
+    : m_desk(std::make_unique<Desk>(std::move(places), std::move(tell))) {}
 
 QtLinePublisher::~QtLinePublisher() = default;
 

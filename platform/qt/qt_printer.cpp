@@ -5,6 +5,7 @@
 #include <QPointer>
 #include <QPrintDialog>
 #include <QPrinter>
+#include <QPrinterInfo>
 #include <algorithm>
 #include <stdexcept>
 
@@ -150,6 +151,14 @@ bool QtPrinter::print(std::string_view dialogTitle, const PrintDocument& documen
     delete dialog.data();
     if (isAccepted) printPages(printer, document);
     return isAccepted;
+}
+
+bool QtPrinter::printOnDefault(std::string_view dialogTitle, const PrintDocument& document) {
+    const QPrinterInfo standard = QPrinterInfo::defaultPrinter();
+    if (standard.isNull()) return print(dialogTitle, document);
+    QPrinter printer(standard, QPrinter::HighResolution);
+    printPages(printer, document);
+    return true;
 }
 
 }  // namespace vantrace

@@ -11,6 +11,7 @@ namespace vantrace {
 class QtPrinter final : public Printer {
   public:
     bool print(std::string_view dialogTitle, const PrintDocument& document) override;
+    bool printOnDefault(std::string_view dialogTitle, const PrintDocument& document) override;
 };
 
 /// Puts the document on the pages of a printer that was chosen before. Throws std::runtime_error where the

@@ -27,6 +27,8 @@ using Steady = std::chrono::steady_clock;
 constexpr std::uint16_t daytimePort = 13;
 /// No line of a time is longer.
 constexpr qint64 longestAnswer = 512;
+/// NIST asks for at least this between two queries: https://tf.nist.gov/tf-cgi/servers.cgi
+constexpr auto restSpan = 4s;
 
 struct Place {
     QString host;
@@ -67,6 +69,10 @@ struct Query {
         const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(end - Steady::now());
         return static_cast<int>(std::max(left, 0ms).count());
     }
+    /// So that an address that swallows everything leaves time for those behind it.
+    int shareOf(qsizetype addressesLeft) const {
+        return millisecondsLeft() / static_cast<int>(addressesLeft);
+    }
 };
 
 /// A line that isn't blank, with its end.
@@ -91,13 +97,14 @@ void readAnswer(QTcpSocket& socket, Query& query) {
 
 void ask(Query& query) {
     const QHostInfo info = QHostInfo::fromName(query.place.host);
+    qsizetype addressesLeft = info.addresses().size();
     for (const QHostAddress& address : info.addresses()) {
         QTcpSocket socket;
         socket.setProxy(QNetworkProxy::NoProxy);
         socket.setReadBufferSize(longestAnswer);
         const Steady::time_point start = Steady::now();
         socket.connectToHost(address, query.place.port, QIODevice::ReadOnly);
-        if (!socket.waitForConnected(query.millisecondsLeft())) continue;
+        if (!socket.waitForConnected(query.shareOf(addressesLeft--))) continue;
         const auto roundTrip = Steady::now() - start;
         query.delay = std::chrono::duration_cast<std::chrono::milliseconds>(roundTrip / 2);
         readAnswer(socket, query);
@@ -152,6 +159,8 @@ void QtTimeClient::setTimeoutSeconds(int seconds) {
 }
 
 int QtTimeClient::QueryTime() {
+    // Servers want to be left alone for a while, and what one has told goes on by itself.
+    if (m_hasLastAnswer && m_host == m_toldBy && Steady::now() - m_toldAt < restSpan) return 0;
     m_hasLastAnswer = false;
     const std::optional<Place> place = placeOf(m_host);
     if (!place || !QCoreApplication::instance()) return noHost;
@@ -173,6 +182,7 @@ int QtTimeClient::QueryTime() {
     const MachineTime machine = machineTime(m_clock);
     m_told = instantOf(*reply, machine.utc, machine.aheadOfUtc) + query->delay;
     m_toldAt = query->textAt;
+    m_toldBy = m_host;
     m_hasAnswer = m_hasLastAnswer = true;
     return 0;
 }

@@ -20,7 +20,8 @@ int setMachineClock(UtcTime time);
 
 /// Needs a QCoreApplication. Each query has a thread of its own, which ends by itself: a machine that looks
 /// for a name for minutes holds nobody up. An answer is carried on by the clock that counts from the
-/// machine's start, which nobody sets. Its way through the net is taken as half of what the connection took
+/// machine's start, which nobody sets; within 4 seconds a further query of the same host is answered from it.
+/// Its way through the net is taken as half of what the connection took
 /// to make.
 class QtTimeClient final : public TimeClient {
   public:
@@ -50,6 +51,7 @@ class QtTimeClient final : public TimeClient {
     bool m_hasAnswer = false;
     bool m_hasLastAnswer = false;
     UtcTime m_told{};
+    std::string m_toldBy;
     std::chrono::steady_clock::time_point m_toldAt{};
 };
 

@@ -148,7 +148,7 @@ std::string daemonCodeText(int code) {
                                                      "text was cut",
                                                      "not available"};
     const int number = -code;
-    const std::string text = "RPRT " + std::to_string(code);
+    std::string text = "RPRT " + std::to_string(code);
     if (number < 0 || number >= static_cast<int>(words.size())) return text;
     return text + " (" + std::string(words.at(static_cast<std::size_t>(number))) + ")";
 }

@@ -18,6 +18,8 @@ struct Direction {
 struct RotatorPosition {
     double azimuthDeg = 0.0;
     double elevationDeg = 0.0;
+
+    friend bool operator==(const RotatorPosition&, const RotatorPosition&) = default;
 };
 
 /// What a rotator can do, in its own degrees.

@@ -38,6 +38,19 @@ RotatorPosition LoneFollower::chosen(const Direction& direction, const RotatorLi
     return {best, direction.elevationDeg};
 }
 
+void LoneFollower::goOnFrom(const RotatorPosition& position) {
+    *this = {};
+    m_last = position;
+}
+
+RotatorPosition LoneFollower::held(const RotatorPosition& position, const RotatorLimits& limits) {
+    const RotatorPosition nearest = within(limits, position);
+    // What is below the horizon isn't missed.
+    const double missed = position.elevationDeg < 0.0 ? 0.0 : position.elevationDeg - nearest.elevationDeg;
+    m_isOutOfReach = excess(position.azimuthDeg, limits) > limitSlackDeg || std::abs(missed) > limitSlackDeg;
+    return nearest;
+}
+
 std::optional<RotatorPosition> LoneFollower::follow(const Direction& direction, const RotatorLimits& limits) {
     const std::optional<Direction> before = std::exchange(m_seen, direction);
     m_hasTurned = false;
@@ -47,7 +60,7 @@ std::optional<RotatorPosition> LoneFollower::follow(const Direction& direction, 
         const bool hasChoice = lowest + wholeTurnDeg <= limits.azimuthMostDeg;
         if (hasChoice && !before) return std::nullopt;
         m_last = chosen(direction, limits);
-        return within(limits, *m_last);
+        return held(*m_last, limits);
     }
     const double onward = nearestTurn(direction.azimuthDeg, m_last->azimuthDeg);
     const RotatorPosition next = excess(onward, limits) <= limitSlackDeg
@@ -55,7 +68,7 @@ std::optional<RotatorPosition> LoneFollower::follow(const Direction& direction, 
                                      : chosen(direction, limits);
     m_hasTurned = std::abs(next.azimuthDeg - onward) > wholeTurnDeg / 2.0;
     m_last = next;
-    return within(limits, next);
+    return held(next, limits);
 }
 
 }  // namespace vantrace

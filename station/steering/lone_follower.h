@@ -14,16 +14,22 @@ class LoneFollower {
     /// The rotator's position for the next direction, a second after the last; nothing where the first two
     /// directions are needed to see which way it goes.
     std::optional<RotatorPosition> follow(const Direction& direction, const RotatorLimits& limits);
+    /// Begins anew from where the rotator has been sent already.
+    void goOnFrom(const RotatorPosition& position);
     /// Whether the position that was given last lies on another turn than the one before.
     bool hasTurned() const { return m_hasTurned; }
+    /// Whether the antenna can't look there from the position that was given last.
+    bool isOutOfReach() const { return m_isOutOfReach; }
 
   private:
+    RotatorPosition held(const RotatorPosition& position, const RotatorLimits& limits);
     RotatorPosition chosen(const Direction& direction, const RotatorLimits& limits) const;
 
     std::optional<Direction> m_seen;
     std::optional<RotatorPosition> m_last;
     double m_movementDeg = 0.0;
     bool m_hasTurned = false;
+    bool m_isOutOfReach = false;
 };
 
 }  // namespace vantrace

@@ -144,6 +144,12 @@ class WaySearch {
     std::vector<std::uint8_t> m_from;
 };
 
+/// Whether the rotator goes on from one point to the other, without a turn between.
+bool isSameWay(const PlannedPoint& before, const PlannedPoint& after) {
+    return before.isFlipped == after.isFlipped &&
+           std::abs(after.position.azimuthDeg - before.position.azimuthDeg) <= halfTurnDeg;
+}
+
 }  // namespace
 
 RotatorPosition PassPlan::positionAt(double seconds, const Direction& direction,
@@ -153,7 +159,16 @@ RotatorPosition PassPlan::positionAt(double seconds, const Direction& direction,
     const double turned = planned.isFlipped ? direction.azimuthDeg + halfTurnDeg : direction.azimuthDeg;
     const double elevation =
         planned.isFlipped ? halfTurnDeg - direction.elevationDeg : direction.elevationDeg;
-    return within(limits, {nearestTurn(turned, planned.position.azimuthDeg), elevation});
+    double turn = planned.position.azimuthDeg;
+    // Near the zenith a second is almost half a turn: a point is right only for what lies close to it.
+    if (behind != points.begin() && behind != points.end() && isSameWay(planned, *behind)) {
+        const double next = behind->position.azimuthDeg;
+        const auto distance = [&](double from) {
+            return std::abs(std::remainder(turned - from, wholeTurnDeg));
+        };
+        if (distance(next) < distance(turn)) turn = next;
+    }
+    return within(limits, {nearestTurn(turned, turn), elevation});
 }
 
 PassPlan planPass(std::span<const PathPoint> path, const RotatorLimits& limits,

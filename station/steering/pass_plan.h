@@ -27,6 +27,8 @@ struct RotatorTurn {
     double seconds = 0.0;
     RotatorPosition from;
     RotatorPosition to;
+
+    friend bool operator==(const RotatorTurn&, const RotatorTurn&) = default;
 };
 
 struct PassPlan {

@@ -31,13 +31,22 @@ std::string positionCommand(const RotatorPosition& position) {
            formatNumber(position.elevationDeg, "0.00");
 }
 
+std::string shownPosition(const RotatorPosition& position) {
+    return formatNumber(position.azimuthDeg, "0.0") + ", " + formatNumber(position.elevationDeg, "0.0");
+}
+
 RotatorControl::RotatorControl(DaemonSession& session, double deadBandDeg, Tell tell)
     : m_session(session), m_deadBandDeg(deadBandDeg), m_tell(std::move(tell)) {
-    m_session.onUp = [this] { askForLimits(); };
+    m_session.onUp = [this] { ask(); };
     m_session.onDown = [this] {
         m_told.reset();
         m_present.reset();
+        if (m_park == Park::asked) m_park = Park::wanted;
     };
+}
+
+bool RotatorControl::isReady() const {
+    return m_session.isConnected() && m_areLimitsAsked && m_isPositionAsked;
 }
 
 void RotatorControl::point(const RotatorPosition& position) {
@@ -49,9 +58,10 @@ void RotatorControl::pointExactly(const RotatorPosition& position) {
 }
 
 void RotatorControl::go(const RotatorPosition& position, double leastDeg) {
+    m_park = Park::none;
     const bool isNear = m_told && std::abs(position.azimuthDeg - m_told->azimuthDeg) < leastDeg &&
                         std::abs(position.elevationDeg - m_told->elevationDeg) < leastDeg;
-    if (isNear || !m_session.isConnected()) return;
+    if (isNear || !isReady()) return;
     m_told = position;
     const std::string command = positionCommand(position);
     m_session.post(positionSlot, command, [this, command](const DaemonReply& reply) {
@@ -62,26 +72,56 @@ void RotatorControl::go(const RotatorPosition& position, double leastDeg) {
 }
 
 void RotatorControl::stop() {
+    m_park = Park::none;
     m_session.cancel(positionSlot);
     m_told.reset();
     m_session.post(stopSlot, "+S", [this](const DaemonReply& reply) { tellRefusal("+S", reply.code); });
 }
 
-void RotatorControl::park() {
+void RotatorControl::park(const std::optional<RotatorPosition>& place) {
     m_session.cancel(positionSlot);
     m_told.reset();
-    m_session.post(positionSlot, "+K", [this](const DaemonReply& reply) { tellRefusal("+K", reply.code); });
+    m_restingPlace = place;
+    m_park = Park::wanted;
+    sendPark();
+}
+
+void RotatorControl::sendPark() {
+    if (m_park != Park::wanted || !isReady()) return;
+    m_park = Park::asked;
+    const RotatorLimits held = limitsInForce ? limitsInForce() : m_limits.value_or(RotatorLimits{});
+    const std::string command = m_restingPlace ? positionCommand(within(held, *m_restingPlace)) : "+K";
+    m_session.post(positionSlot, command, [this, command](const DaemonReply& reply) {
+        tellRefusal(command, reply.code);
+        if (m_park == Park::asked) m_park = reply.code == 0 ? Park::none : Park::wanted;
+    });
 }
 
 void RotatorControl::tick(double now) {
     if (now < m_nextQuestion) return;
     m_nextQuestion = now + questionSeconds;
-    m_session.post(questionSlot, "+p", [this](const DaemonReply& reply) { takePosition(reply); });
+    if (!m_session.isConnected()) return;
+    askForPosition();
+    sendPark();
 }
 
-void RotatorControl::askForLimits() {
+/// What isn't answered at all ends the session, so that nothing waits for ever.
+void RotatorControl::ask() {
     m_refusal = 0;
-    m_session.post(limitsSlot, "+\\dump_state", [this](const DaemonReply& reply) { takeLimits(reply); });
+    m_areLimitsAsked = false;
+    m_isPositionAsked = false;
+    m_session.post(limitsSlot, "+\\dump_state", [this](const DaemonReply& reply) {
+        m_areLimitsAsked = true;
+        takeLimits(reply);
+    });
+    askForPosition();
+}
+
+void RotatorControl::askForPosition() {
+    m_session.post(questionSlot, "+p", [this](const DaemonReply& reply) {
+        m_isPositionAsked = true;
+        takePosition(reply);
+    });
 }
 
 void RotatorControl::takeLimits(const DaemonReply& reply) {

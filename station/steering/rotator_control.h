@@ -16,16 +16,21 @@ class RotatorControl {
     /// outlives this and belongs to it.
     RotatorControl(DaemonSession& session, double deadBandDeg, Tell tell);
 
-    /// Has the rotator go to a position, now or as soon as it is connected and asked for again.
+    /// Has the rotator go to a position, now or as soon as it is ready and asked for again.
     void point(const RotatorPosition& position);
     /// The same for one that is to be reached exactly.
     void pointExactly(const RotatorPosition& position);
     /// Lets it stop where it is.
     void stop();
-    /// Sends it where the daemon knows that it rests.
-    void park();
+    /// Sends it to rest: at a place, held to the limits, or without one where the daemon knows that it rests.
+    /// Again and again, until that has been done or it is pointed somewhere or stopped.
+    void park(const std::optional<RotatorPosition>& place);
     /// Asks now and then where it stands.
     void tick(double now);
+
+    /// Whether it takes positions: its daemon is connected, and has been asked what it can do and where it
+    /// stands, whatever it had to say.
+    bool isReady() const;
 
     /// Where it said that it stands; nothing before it has said so.
     const std::optional<RotatorPosition>& present() const { return m_present; }
@@ -33,10 +38,16 @@ class RotatorControl {
     const std::optional<RotatorLimits>& limits() const { return m_limits; }
     /// Called when the limits have been told, and whenever they are others.
     std::function<void()> onLimits;
+    /// What the place of rest is held to; else the limits that the daemon tells.
+    std::function<RotatorLimits()> limitsInForce;
 
   private:
+    enum class Park { none, wanted, asked };
+
     void go(const RotatorPosition& position, double leastDeg);
-    void askForLimits();
+    void sendPark();
+    void ask();
+    void askForPosition();
     void takeLimits(const DaemonReply& reply);
     void takePosition(const DaemonReply& reply);
     void tellRefusal(const std::string& command, int code);
@@ -47,11 +58,18 @@ class RotatorControl {
     std::optional<RotatorPosition> m_told;
     std::optional<RotatorPosition> m_present;
     std::optional<RotatorLimits> m_limits;
+    bool m_areLimitsAsked = false;
+    bool m_isPositionAsked = false;
+    Park m_park = Park::none;
+    std::optional<RotatorPosition> m_restingPlace;
     int m_refusal = 0;
     double m_nextQuestion = 0.0;
 };
 
 /// "+P 123.40 45.00": as the daemon wants it, whatever the machine's decimal mark.
 std::string positionCommand(const RotatorPosition& position);
+
+/// "123.4, 45.0": for the user.
+std::string shownPosition(const RotatorPosition& position);
 
 }  // namespace vantrace

@@ -37,7 +37,7 @@ class Steering {
         std::vector<RadioControl*> radios;
     };
 
-    Steering(const SteeringOptions& options, const Devices& devices, PassSource& passes, Tell tell);
+    Steering(SteeringOptions options, Devices devices, PassSource& passes, Tell tell);
 
     /// A line has come, at a moment of UTC and of a clock that only runs forward. An empty one means that the
     /// tracker's link was switched off.
@@ -56,12 +56,18 @@ class Steering {
 
     void takeLine(const TrackingLine& line, const Instant& utc, double now);
     void lookForPass(const TrackingLine& line, const Instant& utc, double now);
+    void takeName(const std::string& name, double now);
     void plan(const Instant& utc);
-    bool agrees(const TrackingLine& line, const Instant& utc);
+    void keepPlanCurrent(const Instant& utc);
+    bool agrees(const TrackingLine& line, const Instant& utc) const;
+    bool isOffThePath(const TrackingLine& line, const Instant& utc);
+    void leavePath(double now);
+    void goOnAlone();
     void followPass(const TrackingLine& line, const Instant& utc);
     void followLine(const TrackingLine& line);
     void endPass();
-    void signalIsLost();
+    void point(const RotatorPosition& position, bool isExact);
+    void signalIsLost(std::string_view reason);
     void tune(const TrackingLine& line, bool isWanted);
     void halt();
     void tellFault(std::string_view text, const std::string& fault, double now);
@@ -80,6 +86,10 @@ class Steering {
     std::optional<ComingPass> m_pass;
     PassPlan m_plan;
     RotatorLimits m_plannedLimits;
+    /// Whether the rotator has said where it stands, when that was last asked for.
+    bool m_isPlaceKnown = false;
+    /// How many lines in a row don't fit the path.
+    int m_disagreements = 0;
     double m_nextLookAt = 0.0;
     double m_lastNameAt = -secondsEver;
     bool m_isWaitingTold = false;
@@ -87,7 +97,12 @@ class Steering {
     /// Whether the antenna has followed since the last loss of signal.
     bool m_wasUp = false;
     LoneFollower m_lone;
+    bool m_isReachTold = false;
+    /// Whether the antenna is under way or follows: it has been sent somewhere, and neither been stopped nor
+    /// let go since.
     bool m_isMoving = false;
+    /// Where it has been sent, for as long as that lasts.
+    std::optional<RotatorPosition> m_pointed;
 };
 
 }  // namespace vantrace

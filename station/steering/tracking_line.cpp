@@ -2,6 +2,7 @@
 
 #include <charconv>
 #include <cmath>
+#include <limits>
 
 namespace vantrace {
 
@@ -74,6 +75,13 @@ double takeNumber(Words& words, std::string_view key, const Range& range, bool m
     return fault.empty() ? *value : 0.0;
 }
 
+/// A frequency that no radio has is none, and the antenna follows all the same.
+double takeFrequency(Words& words, std::string_view key, std::string& fault) {
+    constexpr double anything = std::numeric_limits<double>::max();
+    const double hertz = takeNumber(words, key, {-anything, anything}, false, fault);
+    return hertz >= 0.0 && hertz <= mostFrequencyHz ? hertz : 0.0;
+}
+
 }  // namespace
 
 std::optional<TrackingLine> readTrackingLine(std::string_view text, std::string& fault) {
@@ -93,8 +101,8 @@ std::optional<TrackingLine> readTrackingLine(std::string_view text, std::string&
     line.direction.elevationDeg = takeNumber(words, "EL", {-90.0, 90.0}, true, fault);
     line.isMoon = line.name == "moon" && words.nextIs("DO");
     if (!line.isMoon) {
-        line.uplinkHz = takeNumber(words, "UP", {0.0, mostFrequencyHz}, false, fault);
-        line.downlinkHz = takeNumber(words, "DN", {0.0, mostFrequencyHz}, false, fault);
+        line.uplinkHz = takeFrequency(words, "UP", fault);
+        line.downlinkHz = takeFrequency(words, "DN", fault);
     }
     line.dopplerAt100Hz = takeNumber(words, "DO", {-mostDopplerHz, mostDopplerHz}, true, fault);
     if (fault.empty() && !words.isDone()) fault = "something follows its end";

@@ -14,8 +14,8 @@ struct TrackingLine {
     std::string name;
     bool isMoon = false;
     Direction direction;
-    /// What the transmitter and the receiver are tuned to, in Hz; 0 where the satellite has no frequency.
-    /// Nothing for the moon.
+    /// What the transmitter and the receiver are tuned to, in Hz; 0 where the satellite has no frequency,
+    /// or one beyond a terahertz. Nothing for the moon.
     std::optional<double> uplinkHz;
     std::optional<double> downlinkHz;
     double dopplerAt100Hz = 0.0;

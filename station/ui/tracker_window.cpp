@@ -5,6 +5,7 @@
 
 #include "core/program_state.h"
 #include "core/services.h"
+#include "core/ui/wheel_guard.h"
 #include "ui_frm_tracker.h"
 
 namespace vantrace {
@@ -39,7 +40,10 @@ frmTracker::frmTracker(WindowHost& host, ProgramState& state, Services& services
       m_timer1(addTimer(QStringLiteral("Timer1"), [this] { Timer1_Timer(m_form, m_state, m_services); })) {
     setWindowFlags(Qt::Dialog);
     m_ui->setupUi(this);
-    closeOnEscape();
+    // Escape doesn't close this one: the antenna would stop in the middle of a pass, only because the user
+    // gave up what he was typing.
+    new WheelGuard(*m_ui->COMuplink);
+    new WheelGuard(*m_ui->COMdownlink);
     m_ui->CHonOff->setFocus();
     connect(m_ui->CHonOff, &QCheckBox::clicked, this,
             [this] { handle([this] { CHonOff_Click(m_form, m_services); }); });

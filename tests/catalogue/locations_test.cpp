@@ -65,6 +65,12 @@ TEST_F(LocationsTest, LinesWithoutAHeightOf16BitsAreSkippedAndGivenBack) {
     EXPECT_EQ(state.Locations[3].Name, "");
 }
 
+TEST_F(LocationsTest, ALineWithoutANameHidesNoneBehindIt) {
+    EXPECT_EQ(load("1;10;20;5\r\n0  ;10;20;5\r\n1Rome;1;2;3\r\n"),
+              (std::vector<std::string>{"1;10;20;5", "0  ;10;20;5"}));
+    EXPECT_EQ(state.Locations[1].Name, "Rome");
+}
+
 TEST_F(LocationsTest, AFullTableIsWrittenWholeBeforeItFails) {
     const std::string full = numberedPlaces(150);
     EXPECT_EQ(load(numberedPlaces(152)).size(), 2U);

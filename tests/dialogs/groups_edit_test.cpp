@@ -38,6 +38,8 @@ TEST_F(GroupsEditTest, AGroupIsAddedByHandWithAnyAnswers) {
     BUTaddgroup_Click(form, state, services);
     expectGroup(4, {"My birds", "example.org/birds.txt", "0"});
     EXPECT_EQ(fakes.dialogs.titles, (Texts{"Update", "Display name", "Web Address of Keplerian Elements"}));
+    EXPECT_EQ(messages().at(0), "Is this new group updated via the Internet?");
+    EXPECT_EQ(messages().at(1), "Type a Display name for this group. This can be any name you would like.");
     EXPECT_EQ(messages().back(),
               "Type the Full Web site Address (not including 'http://') Eg. "
               "celestrak.org/NORAD/elements/amateur.txt");
@@ -48,6 +50,9 @@ TEST_F(GroupsEditTest, AGroupIsAddedByHandWithAnyAnswers) {
     BUTaddgroup_Click(form, state, services);
     expectGroup(5, {"Mine", "my.txt", "1"});
     EXPECT_EQ(fakes.dialogs.titles.back(), "Manually updated Keps");
+    EXPECT_EQ(messages().back(),
+              "Type the name of the file containing the keps, this file must be in your Vantrace folder. Eg. "
+              "'mykeps.txt'");
     type({});
     BUTaddgroup_Click(form, state, services);
     expectGroup(6, {"", "", "1"});
@@ -71,6 +76,10 @@ TEST_F(GroupsEditTest, AFortyFirstGroupIsListedCountedAndNotStored) {
 
 TEST_F(GroupsEditTest, DeletingMovesTheLaterGroupsUp) {
     load();
+    form.GroupList.selected = noEntry;
+    BUTdeletegroup_Click(form, state, services);
+    EXPECT_EQ(form.GroupList.list.size(), 3U) << "nothing is selected";
+    EXPECT_EQ(state.GroupCount, 3);
     form.GroupList.selected = 0;
     BUTdeletegroup_Click(form, state, services);
     EXPECT_EQ(state.GroupCount, 2);
@@ -109,6 +118,14 @@ TEST_F(GroupsEditTest, AFavouriteIsMadeThePrimaryOne) {
     EXPECT_EQ(favourites(), (Texts{"CHARLIE", "DELTA", "ALPHA", "ECHO"}));
 }
 
+TEST_F(GroupsEditTest, OfANameThatStandsTwiceTheFirstIsExchanged) {
+    for (const char* const name : {"ALPHA", "CHARLIE", "DELTA", "CHARLIE"}) addFavourite(name);
+    load();
+    select(2);
+    BUTmakeprime_Click(form, state, services);
+    EXPECT_EQ(favourites(), (Texts{"CHARLIE", "ALPHA", "DELTA", "CHARLIE"}));
+}
+
 TEST_F(GroupsEditTest, OneThatIsNoFavouriteDrivesOutTheFirst) {
     addFavourite("DELTA");
     addFavourite("ECHO");
@@ -138,7 +155,12 @@ TEST_F(GroupsEditTest, MoreIsAskedForWhereNothingIsKnown) {
     select(0);
     Details_Click(form, state, services);
     ASSERT_EQ(messages().size(), 1U);
-    EXPECT_TRUE(messages()[0].starts_with("A Request will now be sent via your email program for "));
+    EXPECT_EQ(
+        messages()[0],
+        "A Request will now be sent via your email program for information about this satellite. When "
+        "information is found, it will be added to the Vantrace database file, and you can update that "
+        "file from the 'Internet Updates' window, but you already have the keps, so you can go ahead and "
+        "start tracking it now.");
     EXPECT_EQ(fakes.desktop.opened,
               Texts{"mailto:keeper@example.org?subject=Satellite%20Info%20Request%20for%20ISS_(ZARYA)"});
     choose(0);

@@ -1,8 +1,10 @@
 #include "dialogs/groups_settings.h"
 
 #include <chrono>
+#include <filesystem>
 
 #include "core/labels.h"
+#include "platform/file_error.h"
 #include "tests/dialogs/dialogs_test.h"
 #include "tests/dialogs/groups_test.h"
 
@@ -21,9 +23,47 @@ TEST_F(GroupsSettingsTest, OpensWithTheFirstGroupAndItsFavouritesTicked) {
     EXPECT_EQ(state.FavouriteCount, 1) << "the program's own ticks add nothing";
     EXPECT_EQ(form.Details, "No Information.");
     EXPECT_EQ(form.COMCelestrak.text, "Select a Celestrak Group");
-    EXPECT_EQ(form.COMCelestrak.list.size(), 27U);
-    EXPECT_EQ(form.COMCelestrak.list.front(), "Amateur");
-    EXPECT_EQ(publicElementFiles().back().file, "x-comm.txt");
+    Texts labels;
+    Texts files;
+    for (const ElementFileRow& row : publicElementFiles()) {
+        labels.emplace_back(row.label);
+        files.emplace_back(row.file);
+    }
+    EXPECT_EQ(form.COMCelestrak.list, labels);
+    EXPECT_EQ(labels, (Texts{"Amateur",
+                             "Educational",
+                             "Engineering",
+                             "Geostationary",
+                             "Geodetic",
+                             "Globalstar",
+                             "GOES Weather",
+                             "Gorizont",
+                             "GPS Navigation",
+                             "IntelSat",
+                             "Iridium",
+                             "Molniya",
+                             "Russian Navigation",
+                             "Navy Navigation",
+                             "NOAA Weather",
+                             "Orbcomm",
+                             "Other Comms",
+                             "Radar Calibration",
+                             "Raduga",
+                             "Earth Resources",
+                             "Search and Rescue",
+                             "Space Stations",
+                             "Tracking and Data Relay",
+                             "New Launches",
+                             "Bright and visual",
+                             "Weather",
+                             "Experimental"}));
+    EXPECT_EQ(files,
+              (Texts{"amateur.txt",    "education.txt",  "engineering.txt", "geo.txt",     "geodetic.txt",
+                     "globalstar.txt", "goes.txt",       "gorizont.txt",    "gps-ops.txt", "intelsat.txt",
+                     "iridium.txt",    "molniya.txt",    "musson.txt",      "nnss.txt",    "noaa.txt",
+                     "orbcomm.txt",    "other-comm.txt", "radar.txt",       "raduga.txt",  "resource.txt",
+                     "sarsat.txt",     "stations.txt",   "tdrss.txt",       "tle-new.txt", "visual.txt",
+                     "weather.txt",    "x-comm.txt"}));
 }
 
 TEST_F(GroupsSettingsTest, AGroupIsRealSetsWithNamesCutToFifteen) {
@@ -89,6 +129,14 @@ TEST_F(GroupsSettingsTest, SelectAllLeavesTheNextGroupDoubled) {
     EXPECT_TRUE(form.UserIsChecking);
 }
 
+TEST_F(GroupsSettingsTest, SelectAllAddsNoneThatIsTicked) {
+    addFavourite("BRAVO");
+    load();
+    BUTsel_Click(form, state, services);
+    EXPECT_EQ(favourites(), (Texts{"BRAVO", "ALPHA", "CHARLIE"}));
+    EXPECT_EQ(ticked(), (Texts{"ALPHA", "BRAVO", "CHARLIE"}));
+}
+
 TEST_F(GroupsSettingsTest, ASatelliteInTwoGroupsIsTickedInBoth) {
     fakes.folder.write("others.txt", setOf("ALPHA", "26233.5"));
     addFavourite("ALPHA");
@@ -125,8 +173,10 @@ TEST_F(GroupsSettingsTest, TellsWhatIsKnownAboutASatellite) {
     Details_Click(form, state, services);
     EXPECT_TRUE(fakes.desktop.opened.empty());
     select(0);
-    EXPECT_TRUE(
-        form.Details.starts_with("You can still track the position of this Satellite, but No further"));
+    EXPECT_EQ(form.Details,
+              "You can still track the position of this Satellite, but No further Information is Available, "
+              "To send a request for information to be added to the database for this object CLICK HERE. "
+              "Information if found will be added within a week or so.");
 }
 
 TEST_F(GroupsSettingsTest, ClosingWritesBothFiles) {
@@ -138,6 +188,20 @@ TEST_F(GroupsSettingsTest, ClosingWritesBothFiles) {
     EXPECT_EQ(
         fakes.folder.read("groups.dat"),
         "Letters,example.org/a/letters.txt,0\r\nRenamed,others.txt,1\r\nMissing,example.org/gone.txt,0\r\n");
+}
+
+TEST_F(GroupsSettingsTest, AListThatTheDiskDoesNotTakeIsToldAndTheOtherIsWritten) {
+    load();
+    addFavourite("ALPHA");
+    const std::filesystem::path folder = fakes.folder.path();
+    std::filesystem::create_directory(folder / "faves.dat");
+    EXPECT_THROW(Form_Unload(form, state, services), FileError);
+    EXPECT_TRUE(fakes.folder.read("groups.dat").starts_with("Letters,"));
+    std::filesystem::remove(folder / "faves.dat");
+    std::filesystem::remove(folder / "groups.dat");
+    std::filesystem::create_directory(folder / "groups.dat");
+    EXPECT_THROW(Form_Unload(form, state, services), FileError);
+    EXPECT_EQ(fakes.folder.read("faves.dat"), "ALPHA\r\n");
 }
 
 TEST_F(GroupsSettingsTest, FifteenThousandSatellitesAreListedWithinASecond) {

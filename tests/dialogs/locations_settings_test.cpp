@@ -71,7 +71,7 @@ TEST_F(LocationsSettingsTest, APlaceIsAskedForAndDrawnButItsTickComesLater) {
 
 TEST_F(LocationsSettingsTest, AQuestionIsRepeatedUntilItsAnswerPasses) {
     load();
-    add({"Rome, Italy", "Rome", "41 54", "north", "12 30", "-1", "360", "37"});
+    add({"Rome, Italy", "Rome", "41 54", "north", "-12 30", "-1", "360", "37"});
     EXPECT_EQ(told(), (Texts{"Commas not allowed in location name",
                              "The Latitude MUST be in decimal format (not DEG MIN SEC)",
                              "The Longitude MUST be in decimal format (not DEG MIN SEC)",
@@ -92,10 +92,20 @@ TEST_F(LocationsSettingsTest, WithoutAnAnswerNothingIsAdded) {
     }
     add({"  ", "1", "1", "1"});
     EXPECT_EQ(told(), Texts{"One or more entries were blank !"});
-    for (const char* const height : {"40000", "high"}) add({"Rome", "1", "1", height});
-    EXPECT_EQ(fakes.logged(labels::locCONBUTaddloc), 2) << "no height of 16 bits";
+    add({"Rome", "1", "1", "40000"});
+    EXPECT_EQ(fakes.logged(labels::locCONBUTaddloc), 1) << "no height of 16 bits";
     EXPECT_EQ(state.Locations[4].Name, "");
     EXPECT_EQ(shown().size(), 3U);
+}
+
+TEST_F(LocationsSettingsTest, AHeightIsTheNumberThatItStartsWith) {
+    load();
+    add({"Rome", "1", "1", "37 m"});
+    add({"Oslo", "1", "1", "high"});
+    EXPECT_EQ(state.Locations[4].Height, 37);
+    EXPECT_EQ(state.Locations[5].Name, "Oslo");
+    EXPECT_EQ(state.Locations[5].Height, 0);
+    EXPECT_TRUE(fakes.logLines().empty());
 }
 
 TEST_F(LocationsSettingsTest, ADeletedPlaceLeavesItsFlagBehind) {

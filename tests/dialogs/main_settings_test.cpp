@@ -144,9 +144,14 @@ TEST_F(MainSettingsTest, ClosingTellsTheProgramItsNewPlace) {
     EXPECT_EQ(stored("Longitude"), "343.63");
     EXPECT_EQ(stored("WxWavDir"), "/wavs/");
     EXPECT_EQ(stored("Voice"), "0") << "nothing is selected";
+    EXPECT_EQ(state.ObserverName, "Vienna");
     EXPECT_EQ(state.ObserverLatitude, 48.21);
     EXPECT_EQ(state.ObserverLongitude, 343.63);
     EXPECT_DOUBLE_EQ(state.OrbitEngine->EngineGetLongitude(), 360 - 343.63);
+    form.Tlocation.clear();
+    Tlocation_Change(form, services);
+    EXPECT_TRUE(close());
+    EXPECT_EQ(state.ObserverName, "Default") << "as the next start has it";
 }
 
 TEST_F(MainSettingsTest, TheSixBoxesCountFromTheNextStart) {
@@ -155,6 +160,9 @@ TEST_F(MainSettingsTest, TheSixBoxesCountFromTheNextStart) {
     load();
     OPnonDecDeg_Click(form, services);
     EXPECT_EQ(stored("DMS"), "1");
+    state.ObserverName = "Vienna";
+    form.Tlocation = "Sydney";
+    Tlocation_Change(form, services);
     form.Tlatdeg = "-34";
     form.Tlatmin = "30";
     form.Tlatsec = "";
@@ -162,6 +170,7 @@ TEST_F(MainSettingsTest, TheSixBoxesCountFromTheNextStart) {
     EXPECT_TRUE(close()) << "the six boxes are never tested";
     EXPECT_EQ(stored("Latitude"), "-33.5");
     EXPECT_EQ(stored("Longitude"), "999");
+    EXPECT_EQ(state.ObserverName, "Vienna") << "of the place that goes on";
     EXPECT_EQ(state.ObserverLatitude, 10);
     EXPECT_EQ(state.ObserverLongitude, 20);
 }
@@ -203,6 +212,20 @@ TEST_F(MainSettingsTest, AVoiceThatIsGoneIsLoggedAndTheRestIsLoaded) {
     EXPECT_EQ(fakes.logged(labels::mainCONFormLoad), 1);
 }
 
+TEST_F(MainSettingsTest, NoVoiceIsNoError) {
+    fakes.settings.set("Speechpack", "1");
+    fakes.settings.set("Voice", "0");
+    load();
+    EXPECT_EQ(form.VoiceSelect.selected, noEntry);
+    EXPECT_EQ(form.VoiceSelect.list.size(), 2U);
+    fakes.settings.set("Voice", "1");
+    fakes.speech.voiceNames.clear();
+    MainSettingsForm silent;
+    Form_Load(silent, state, services);
+    EXPECT_EQ(silent.VoiceSelect.selected, noEntry);
+    EXPECT_TRUE(fakes.logLines().empty());
+}
+
 TEST_F(MainSettingsTest, AChosenVoiceSpeaksWhileTheWindowIsThere) {
     fakes.settings.set("Speechpack", "1");
     load();
@@ -229,8 +252,11 @@ TEST_F(MainSettingsTest, CompatibilityIsOffAfterTheOpeningThoughItIsStored) {
     showFake("frmCONmain");
     CHcomp_Click(form, state, services);
     EXPECT_TRUE(state.CompatibilityMode);
-    ASSERT_EQ(messages().size(), 1U);
-    EXPECT_TRUE(messages()[0].starts_with("Compatibility mode ON....on the 2D map views, "));
+    EXPECT_EQ(
+        messages(),
+        Texts{"Compatibility mode ON....on the 2D map views, the 'alphablending' feature to create the "
+              "sun shine wont been seen, all the earth will look the same brightness, this mode is used "
+              "if you're having problems bringing up any of the 2D map views"});
     form.CHcomp = false;
     CHcomp_Click(form, state, services);
     EXPECT_FALSE(state.CompatibilityMode);

@@ -64,6 +64,8 @@ TEST_F(FlareRequestTest, APageIsOneTextWithoutLineEnds) {
     const std::string file = fakes.folder.appPath() + "page";
     fakes.folder.write("page", std::string("one\r\n\r\n two\n\0three\r\n", 20));
     EXPECT_EQ(readFlarePage(file), std::string("one two\0three", 13));
+    fakes.folder.write("page", "<TD>5\r Mar\r\r\n</TD>\r");
+    EXPECT_EQ(readFlarePage(file), "<TD>5 Mar</TD>") << "a carriage return alone is a line end";
     fakes.folder.write("page", "");
     EXPECT_EQ(readFlarePage(file), "");
     EXPECT_THROW(readFlarePage(fakes.folder.appPath() + "none"), FileError);

@@ -71,6 +71,9 @@ TEST_F(FlareTableTest, ACellOfSevenCharactersEndsTheTable) {
     // Blanks at its ends don't count.
     const FlareList list = read(pageStart + flareRow({"   5 Mar   ", "1:02"}) + pageEnd);
     EXPECT_EQ(dateAndTime(list.at(0)), "05 MAR 01:02:00");
+    // Letters count, not their bytes: six of them are a date, if one that can't be read.
+    EXPECT_TRUE(read(pageStart + flareRow({"15 M\u00E4rz", "1:02"}) + pageEnd).empty());
+    EXPECT_THROW(read(pageStart + flareRow({"5 M\u00E4rz", "1:02"}) + pageEnd), std::exception);
 }
 
 TEST_F(FlareTableTest, ARowWithoutItsLinkIsKeptAndEndsTheScan) {

@@ -197,6 +197,10 @@ TEST_F(IridiumFlaresTest, ThePrintedReportHasItsColours) {
               (std::vector<PrintDocument::Part>{{0x000080, false, reportTitle},
                                                 {0x800000, false, report.substr(0, rowsStart)},
                                                 {0x000000, false, report.substr(rowsStart)}}));
+    EXPECT_TRUE(fakes.printer.titles.empty()) << "the default printer, without a question";
+    fakes.printer.hasDefault = false;
+    BUTprint_Click(form, state, services);
+    EXPECT_EQ(fakes.printer.titles, Texts{"Print Iridium Flare Predictions"});
     fakes.printer.failure = "no paper";
     EXPECT_THROW(BUTprint_Click(form, state, services), std::runtime_error) << "the window tells it";
 }

@@ -81,8 +81,15 @@ TEST_F(ClockSyncTest, TheSentenceTellsSecondsBeforeMinutesBeforeHours) {
 TEST_F(ClockSyncTest, OnYesTheClockIsSetByAFreshQuery) {
     serverSays("08/23/2026", "12:30:55");
     fakes.dialogs.saysYes = true;
-    fakes.dialogs.onMessage = [this] { fakes.timeClient.host = "forgotten"; };
+    std::size_t spokenBefore = 0;
+    fakes.dialogs.onMessage = [&] {
+        fakes.timeClient.host = "forgotten";
+        spokenBefore = fakes.speech.texts.size();
+        // Its result isn't looked at: the clock is.
+        fakes.timeClient.queryResult = 1;
+    };
     run();
+    EXPECT_EQ(spokenBefore, 1U) << "while the question stands";
     EXPECT_EQ(fakes.timeClient.queries, 2);
     EXPECT_EQ(fakes.timeClient.settings, 1);
     EXPECT_EQ(fakes.timeClient.host, "time.example");
@@ -91,6 +98,7 @@ TEST_F(ClockSyncTest, OnYesTheClockIsSetByAFreshQuery) {
                                   "Clock Synchronized, 12:30:15 Local Time\r\n");
     EXPECT_EQ(fakes.speech.texts.back(), "Clock Syncronized.");
 
+    fakes.timeClient.queryResult = 0;
     fakes.timeClient.setResult = 5;
     run();
     EXPECT_EQ(fakes.dialogs.messages.back(), noConnection);
@@ -106,6 +114,28 @@ TEST_F(ClockSyncTest, AServerThatDoesNotAnswerIsToldInTheStatus) {
     EXPECT_TRUE(fakes.dialogs.messages.empty());
     EXPECT_TRUE(fakes.speech.texts.empty());
     EXPECT_EQ(fakes.logLines().size(), 0U);
+    fakes.folder.write("hosts.dat", "timeHost=time.example:1313\n");
+    run();
+    EXPECT_EQ(fakes.timeClient.host, "time.example:1313");
+    EXPECT_TRUE(form.txtStatus.ends_with(" access to time.example on port 13")) << form.txtStatus;
+}
+
+TEST_F(ClockSyncTest, AClosedWindowAsksAndSetsNothingMore) {
+    serverSays("08/23/2026", "12:30:55");
+    fakes.dialogs.saysYes = true;
+    // The first yield; the question; the yield behind it.
+    for (const int end : {1, 2, 3}) {
+        int seen = 0;
+        const auto close = [&] { form.isUnloaded = ++seen == end; };
+        fakes.events.onYield = close;
+        fakes.dialogs.onMessage = close;
+        const int before = fakes.timeClient.queries;
+        run();
+        EXPECT_EQ(fakes.timeClient.queries - before, end == 1 ? 0 : 1) << end;
+        EXPECT_EQ(fakes.speech.texts.size(), end == 1 ? 0U : 1U) << end;
+        EXPECT_EQ(fakes.timeClient.settings, 0) << end;
+        EXPECT_FALSE(form.isWorking);
+    }
 }
 
 TEST_F(ClockSyncTest, AnAnswerThatIsNoTimeIsLoggedAndTheJobGoesOn) {

@@ -1,6 +1,7 @@
 #include "internet/element_update.h"
 
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include "tests/internet/updates_test.h"
 
@@ -85,6 +86,9 @@ TEST_F(ElementUpdateTest, AFailedFetchIsToldAndTheFileThatIsThereReported) {
     EXPECT_TRUE(fakes.dialogs.messages[0].ends_with(" When trying to update the keps, Proxy=True"));
     EXPECT_EQ(fakes.logged("updateCON - CheckKepFile"), 1);
     EXPECT_EQ(fakes.speech.texts, std::vector<std::string>{"2 Groups Updated."});
+    form.OPproxyON = {true, false};
+    BUTupdateKeps_Click(form, state, fakes.services);
+    EXPECT_TRUE(fakes.dialogs.messages.back().ends_with("Proxy=False"));
 }
 
 TEST_F(ElementUpdateTest, WithoutGroupsThereIsNothingButTheReport) {
@@ -155,6 +159,43 @@ TEST_F(CheckKepFileTest, LinesOfTheWrongLengthKeepTheirPlaceByStandIns) {
         EXPECT_EQ(fakes.folder.names(), std::vector<std::string>{"stations.txt"});
     }
     EXPECT_TRUE(fakes.logLines().empty());
+}
+
+TEST_F(CheckKepFileTest, AFileWithNothingToMendIsNotTouchedAndAMendedOneKeepsLinksAndMode) {
+    const std::filesystem::path file = fakes.folder.path() / "stations.txt";
+    const auto inode = [&] {
+        struct stat status {};
+        EXPECT_EQ(stat(file.c_str(), &status), 0);
+        return status.st_ino;
+    };
+    fakes.folder.write("stations.txt", "ISS\r\n");
+    const auto before = inode();
+    CheckKepFile(state, fakes.services, file);
+    EXPECT_EQ(inode(), before);
+
+    std::filesystem::create_directory(fakes.folder.path() / "elsewhere");
+    fakes.folder.write("elsewhere/real.txt", "1 short\n");
+    ASSERT_EQ(chmod((fakes.folder.path() / "elsewhere" / "real.txt").c_str(), 0640), 0);
+    ASSERT_EQ(chown((fakes.folder.path() / "elsewhere" / "real.txt").c_str(), geteuid(), getegid()), 0);
+    std::filesystem::remove(file);
+    std::filesystem::create_symlink("elsewhere/real.txt", file);
+    EXPECT_EQ(CheckKepFile(state, fakes.services, file), "CROPPED");
+    EXPECT_TRUE(std::filesystem::is_symlink(file));
+    EXPECT_EQ(fakes.folder.read("elsewhere/real.txt"), std::string(standIn1) + "\r\n");
+    struct stat status {};
+    ASSERT_EQ(stat(file.c_str(), &status), 0);
+    EXPECT_EQ(status.st_mode & 0777, 0640U);
+    EXPECT_FALSE(fakes.folder.exists("keps.tmp"));
+}
+
+TEST_F(CheckKepFileTest, ShortLinesDoNotGrowBeyondWhatAFileMayHold) {
+    std::string lines;
+    for (int line = 0; line < 1'000'000; ++line) lines += "1 \n";
+    fakes.folder.write("stations.txt", lines);
+    CheckKepFile(state, fakes.services, state.AppPath + "stations.txt");
+    EXPECT_EQ(fakes.logged("updateCON - CheckKepFile"), 1);
+    EXPECT_EQ(fakes.folder.read("stations.txt"), lines);
+    EXPECT_FALSE(fakes.folder.exists("keps.tmp"));
 }
 
 TEST_F(CheckKepFileTest, WhatCannotBeReadOrWrittenIsLoggedAndStays) {

@@ -30,6 +30,9 @@ TEST_F(UpdatesFormTest, TheProxyComesFromTheSettingsAndGoesBack) {
     EXPECT_EQ(next.txtProxyUser, "anna");
     EXPECT_EQ(next.txtProxyPass, "secret");
     EXPECT_TRUE(next.skin.isApplied);
+    next.OPproxyON = {true, false};
+    Form_Unload(next, fakes.services);
+    EXPECT_EQ(fakes.settings.get("ProxyON"), "0");
 }
 
 TEST_F(DatabaseUpdateTest, TheFileOfTheUpdateServerIsFetchedAndItsSizeTold) {
@@ -57,6 +60,20 @@ TEST_F(DatabaseUpdateTest, WhatFailsIsToldOrLoggedAndTheJobEndsAsEver) {
     EXPECT_EQ(fakes.fetcher.requests.at(0).proxy.at(0), "proxy.example");
     EXPECT_EQ(fakes.logged("updateCON - UpdateDB"), 1);
     EXPECT_EQ(fakes.speech.texts, std::vector<std::string>{"Database file updated."});
+    // Of the old file the size is told all the same.
+    fakes.folder.write("satellite.dat", std::string(1024, 'x'));
+    BUTupdateDB_Click(form, state, fakes.services);
+    EXPECT_TRUE(
+        form.txtStatus.ends_with("Host not found (3)\r\nDone. Satellite Database File Size : 1.0 Kb)\r\n"))
+        << form.txtStatus;
+}
+
+TEST_F(DatabaseUpdateTest, AClosedWindowFetchesNothing) {
+    fakes.events.onYield = [&] { form.isUnloaded = true; };
+    BUTupdateDB_Click(form, state, fakes.services);
+    EXPECT_TRUE(fakes.fetcher.requests.empty());
+    EXPECT_TRUE(fakes.speech.texts.empty());
+    EXPECT_FALSE(form.isWorking);
 }
 
 }  // namespace

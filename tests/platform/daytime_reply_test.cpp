@@ -49,6 +49,23 @@ TEST(DaytimeReply, WithoutAZoneTheReadingNextToTheMachinesClockCounts) {
     EXPECT_EQ(readAs("Wed Nov 22 22:18:38 2023\n", machine, -480min), november23 + 500ms) << "local, west";
 }
 
+TEST(DaytimeReply, DatesWithSlashesAreReadByTheirNumbersOrElseByTheMachinesClock) {
+    for (const std::string text :
+         {"6:18:38 AM 11/23/2023\n", "11/23/2023 6:18:38 AM", "23/11/2023 06:18:38", "7:18:38 am 11/23/23"}) {
+        EXPECT_EQ(readAs(text), november23 + 500ms) << text;
+    }
+    EXPECT_EQ(readAs("12:00:00 AM 11/23/2023 UTC"), sys_days{2023y / 11 / 23} + 500ms);
+    EXPECT_EQ(readAs("12:00:00 PM 11/23/2023 UTC"), sys_days{2023y / 11 / 23} + 12h + 500ms);
+    for (const auto day : {sys_days{2023y / 11 / 10}, sys_days{2023y / 10 / 11}}) {
+        EXPECT_EQ(readAs("18:18:38 11/10/2023", day + 18h), day + 18h + 18min + 38s + 500ms);
+    }
+    for (const std::string text :
+         {"6:18:38 AM 13/23/2023", "6:18:38 AM PM 11/23/2023", "13:18:38 PM 11/23/2023",
+          "0:18:38 AM 11/23/2023", "AM 11/23/2023", "6:18:38 11/23", "6:18:38 1/1/1/2023"}) {
+        EXPECT_FALSE(readDaytimeReply(text)) << text;
+    }
+}
+
 TEST(DaytimeReply, WhatIsntATimeIsRefused) {
     for (const std::string text : {"",
                                    "\r\n \r\n",

@@ -98,6 +98,23 @@ TEST_F(LinePublisherTest, AnEmptyLineTellsOnceThatTheLineIsOff) {
     EXPECT_EQ(heard(second, "\n"), "on again\n");
 }
 
+TEST_F(LinePublisherTest, ALineThatHasGrownOldIsToldToNobodyWhoComes) {
+    places.lineLife = std::chrono::milliseconds(200);
+    places.port = freePort();
+    places.socket.clear();
+    QtLinePublisher forgetful(places);
+    forgetful.publish("old");
+    QTcpSocket early;
+    ASSERT_TRUE(connectTo(early));
+    QTest::qSleep(400);
+    QTcpSocket late;
+    ASSERT_TRUE(connectTo(late));
+    EXPECT_FALSE(late.waitForReadyRead(200)) << late.readAll().toStdString();
+    forgetful.publish("new");
+    EXPECT_EQ(heard(late, "\n"), "new\n");
+    EXPECT_TRUE(heard(early, "new\n").endsWith("new\n"));
+}
+
 TEST_F(LinePublisherTest, ASlowClientHoldsNobodyUpAndGetsTheNewestLineWhole) {
     publisher.publish("start");
     QTcpSocket slow;
@@ -172,9 +189,15 @@ TEST_F(LinePublisherTest, APlaceThatIsTakenIsDoneWithout) {
     publisher.publish("first");
     QTcpSocket socket;
     ASSERT_TRUE(connectTo(socket));
-    QtLinePublisher other(places);
+    std::vector<std::string> told;
+    QtLinePublisher other(places, [&](std::string_view text) { told.emplace_back(text); });
     other.publish("second");
     QTest::qSleep(300);
+    other.publish("second");
+    other.publish("second");
+    ASSERT_EQ(told.size(), 2U) << "once for each place";
+    EXPECT_NE(told[0].find("port " + std::to_string(places.port)), std::string::npos) << told[0];
+    EXPECT_NE(told[1].find(places.socket.string()), std::string::npos) << told[1];
     QLocalSocket local;
     local.connectToServer(QString::fromStdString(places.socket.string()));
     ASSERT_TRUE(local.waitForConnected(1000));

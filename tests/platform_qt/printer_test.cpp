@@ -1,11 +1,15 @@
 // Pages that a PDF file holds instead of paper.
 #include <gtest/gtest.h>
 
+#include <QApplication>
+#include <QDialog>
 #include <QPrinter>
+#include <QPrinterInfo>
 #include <QProcess>
 #include <QRegularExpression>
 #include <QStandardPaths>
 #include <QStringList>
+#include <QTimer>
 #include <filesystem>
 #include <map>
 #include <stdexcept>
@@ -166,6 +170,19 @@ TEST_F(PrinterTest, NoPageIsEmpty) {
         pages = now;
     }
     EXPECT_EQ(turns, 1);
+}
+
+TEST_F(PrinterTest, AMachineWithoutADefaultPrinterAsks) {
+    if (!QPrinterInfo::defaultPrinter().isNull()) GTEST_SKIP() << "this machine would print";
+    QString title;
+    QTimer::singleShot(0, [&] {
+        auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+        ASSERT_NE(dialog, nullptr);
+        title = dialog->windowTitle();
+        dialog->reject();
+    });
+    EXPECT_FALSE(QtPrinter().printOnDefault("Print the flares", documentOf(1)));
+    EXPECT_EQ(title.toStdString(), "Print the flares");
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <QTest>
+#include <atomic>
 #include <cerrno>
 #include <chrono>
 #include <optional>
@@ -68,6 +69,27 @@ TEST_F(TimeClientTest, AClockThatMayNotBeSetIsTold) {
     ASSERT_EQ(queryFor(goodAnswer), 0);
     setResult = EPERM;
     EXPECT_EQ(client.SetClock(), EPERM);
+}
+
+TEST_F(TimeClientTest, AHostIsAskedOnceInFourSeconds) {
+    std::atomic<int> asked = 0;
+    const auto handler = [&asked](Connection& connection) {
+        ++asked;
+        connection.write(goodAnswer);
+    };
+    const LoopbackServer first(handler);
+    const LoopbackServer second(handler);
+    client.setHost(first.address());
+    ASSERT_EQ(client.QueryTime(), 0);
+    EXPECT_EQ(client.QueryTime(), 0);
+    EXPECT_EQ(client.SetClock(), 0);
+    EXPECT_EQ(asked, 1);
+    client.setHost(second.address());
+    EXPECT_EQ(client.QueryTime(), 0);
+    EXPECT_EQ(asked, 2) << "another host";
+    QTest::qSleep(4100);
+    EXPECT_EQ(client.QueryTime(), 0);
+    EXPECT_EQ(asked, 3);
 }
 
 TEST_F(TimeClientTest, AFailedQueryKeepsWhatWasToldButSetsNoClock) {

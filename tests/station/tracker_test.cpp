@@ -1,6 +1,7 @@
 #include "tests/station/tracker_test.h"
 
 #include <cmath>
+#include <cstdio>
 
 #include "orbit/angles.h"
 #include "tests/support/fake_window.h"
@@ -104,6 +105,32 @@ TEST_F(TrackerTest, WithoutMovementAlongTheLineOfSightNothingIsShifted) {
     EXPECT_NEAR(form.DownlinkNow, 4000.0F, 0.0005F);
     EXPECT_NEAR(form.UplinkNow, 6000.0F, 0.0005F);
     EXPECT_NEAR(form.DopplerAt100, 0.0, 1.0);
+}
+
+TEST_F(TrackerTest, TheLineIsWrittenToTheLetterWithFiguresOfSinglePrecision) {
+    form.lblAz = "164.64";
+    form.lblEL = "-43.23";
+    form.lblUplink = "145.9900";
+    form.lblDownlink = "437.8000";
+    form.DopplerAt100 = 0.0;
+    EXPECT_EQ(trackingLine(form, " ISS (ZARYA) ", '.'),
+              "SN_ISS_(ZARYA)_ AZ164.64 EL-43.23 UP145990000 DN437800000 DO0");
+    open("ISS (ZARYA)");
+    form.lblSelSat = "ISS (ZARYA)";
+    // Beyond single precision: the nearest such number is 10368.12793.
+    form.COMdownlink.text = "10368.1282";
+    form.COMuplink.text = "16777.2171";
+    tick();
+    const TrackResult track = engine().track("ISS (ZARYA)", instantFromCalendar({2026, 8, 21, 20, 0, 0}));
+    const double ratio = track.rangeRateKmS / 299792.458;
+    const double downlink = 10368.1282F;
+    const double uplink = 16777.2171F;
+    EXPECT_EQ(form.DownlinkNow, static_cast<float>(downlink - ratio * downlink));
+    EXPECT_EQ(form.UplinkNow, static_cast<float>(ratio * uplink + uplink));
+    EXPECT_EQ(form.TrackAz, static_cast<float>(RadToDeg(track.azimuthRad)));
+    char caption[32];
+    std::snprintf(caption, sizeof caption, "%.4f", static_cast<double>(form.DownlinkNow));
+    EXPECT_NEAR(std::stod(field("DN")), std::stod(caption) * 1e6, 100.1);
 }
 
 TEST_F(TrackerTest, TypedFrequenciesAreReadAtEachTickAndAnEmptyOneEndsIt) {

@@ -19,9 +19,18 @@ class FakePrinter final : public Printer {
         return !isCancelled;
     }
 
+    bool printOnDefault(std::string_view dialogTitle, const PrintDocument& document) override {
+        if (!hasDefault) return print(dialogTitle, document);
+        if (!failure.empty()) throw std::runtime_error(failure);
+        documents.push_back(document);
+        return true;
+    }
+
+    /// Of the dialogs.
     std::vector<std::string> titles;
     std::vector<PrintDocument> documents;
     bool isCancelled = false;
+    bool hasDefault = true;
     /// Why the printer takes nothing.
     std::string failure;
 };

@@ -7,6 +7,7 @@
 #include <QPixmap>
 #include <QTest>
 #include <QTimer>
+#include <QWheelEvent>
 #include <QWidget>
 #include <filesystem>
 #include <string>
@@ -61,6 +62,14 @@ inline std::string textOf(QWidget* window, const char* name) {
 /// One tick of a timer, whatever its interval.
 inline void tick(QWidget* window, const char* name) {
     if (QTimer* const timer = childOf<QTimer>(window, name)) QMetaObject::invokeMethod(timer, "timeout");
+}
+
+/// The wheel of the mouse, one notch, over a control.
+inline void turnWheel(QWidget& control) {
+    const QPointF place = QRectF(control.rect()).center();
+    QWheelEvent event(place, control.mapToGlobal(place), {}, {0, -120}, Qt::NoButton, Qt::NoModifier,
+                      Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&control, &event);
 }
 
 /// Writes a picture of a window to the folder of the build.

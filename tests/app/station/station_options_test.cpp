@@ -1,6 +1,7 @@
 #include "app/station/station_options.h"
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <cstdlib>
 
@@ -34,10 +35,28 @@ TEST(StationOptions, HaveTheirUsualValuesAndTakeOthers) {
     EXPECT_FALSE(usual.transmitter);
     EXPECT_EQ(usual.steering.leadSeconds, 180.0);
     EXPECT_EQ(usual.steering.atLoss, SteeringOptions::AtLoss::stay);
-    const StationOptions own = optionsOf(
-        {"--rotator", "tower:5000", "--radio", "none", "--transmitter=[::1]:4540", "--azimuth", "-180,180",
-         "--elevation=0,180", "--lead", "1.5", "--park", "180,0", "--dead-band=0.5", "--tune-step", "50",
-         "--line", "/run/user/1000/vantrace-tracking", "--tune-always", "--dry"});
+    const StationOptions own = optionsOf({"--rotator",
+                                          "tower:5000",
+                                          "--radio",
+                                          "none",
+                                          "--transmitter=[::1]:4540",
+                                          "--azimuth",
+                                          "-180,180",
+                                          "--elevation=0,180",
+                                          "--lead",
+                                          "1.5",
+                                          "--park",
+                                          "180,0",
+                                          "--dead-band=0.5",
+                                          "--tune-step",
+                                          "50",
+                                          "--line",
+                                          "/run/user/1000/vantrace-tracking",
+                                          "--tune-always",
+                                          "--dry",
+                                          "--receive-vfo",
+                                          "Main",
+                                          "--transmit-vfo=Sub"});
     EXPECT_EQ(own.rotator->text(), "tower:5000");
     EXPECT_FALSE(own.radio);
     EXPECT_EQ(own.transmitter->host, "::1");
@@ -52,18 +71,32 @@ TEST(StationOptions, HaveTheirUsualValuesAndTakeOthers) {
     EXPECT_TRUE(own.line.isLocal());
     EXPECT_TRUE(own.steering.tunesBelowHorizon);
     EXPECT_TRUE(own.isDry);
+    EXPECT_EQ(own.vfos.receive, "Main");
+    EXPECT_EQ(own.vfos.transmit, "Sub");
     EXPECT_EQ(optionsOf({"--park", "daemon"}).steering.atLoss, SteeringOptions::AtLoss::parkByDaemon);
 }
 
 TEST(StationOptions, MistakesNameTheirOption) {
     const std::vector<Texts> wrong{
-        {"--rotator", "nohost"},  {"--rotator", ":4533"},
-        {"--rotator", "a:0"},     {"--rotator", "a:65536"},
-        {"--radio", "a b:1"},     {"--azimuth", "0"},
-        {"--azimuth", "360,0"},   {"--azimuth", "0,x"},
-        {"--elevation", "0,181"}, {"--dead-band", "-1"},
-        {"--lead", "soon"},       {"--park", "1,2,3"},
-        {"--line", "127.0.0.1"},  {"--transmitter", "host:12x"},
+        {"--rotator", "nohost"},
+        {"--rotator", ":4533"},
+        {"--rotator", "a:0"},
+        {"--rotator", "a:65536"},
+        {"--radio", "a b:1"},
+        {"--azimuth", "0"},
+        {"--azimuth", "360,0"},
+        {"--azimuth", "0,x"},
+        {"--elevation", "0,181"},
+        {"--dead-band", "-1"},
+        {"--lead", "soon"},
+        {"--park", "1,2,3"},
+        {"--line", "127.0.0.1"},
+        {"--transmitter", "host:12x"},
+        {"--park", "0,181"},
+        {"--park", "0,-91"},
+        {"--receive-vfo", "A B"},
+        {"--transmit-vfo", ""},
+        {"--transmitter", "127.0.0.1:4532"},
     };
     for (const Texts& arguments : wrong) {
         const std::string failure = failureOf([&] { optionsOf(arguments); });
@@ -110,8 +143,13 @@ TEST(SingleCopyTest, ASecondOneForTheSameDaemonIsRefused) {
         EXPECT_EQ(failureOf([&] { SingleCopy(folder.path(), address); }),
                   "another vantrace-station steers 127.0.0.1:4533 already");
         EXPECT_EQ(failureOf([&] { SingleCopy(folder.path(), "127.0.0.1:4532"); }), "");
+        EXPECT_EQ(holderOf(folder.path(), address), ::getpid());
+        EXPECT_EQ(holderOf(folder.path(), "127.0.0.1:4532"), std::nullopt);
+        EXPECT_EQ(holderOf(folder.path(), "127.0.0.1:1"), std::nullopt);
     }
     EXPECT_EQ(failureOf([&] { SingleCopy(folder.path(), address); }), "") << "the lock goes with its holder";
+    folder.write("vantrace-station-" + address + ".lock", std::to_string(::getppid()) + "\n");
+    EXPECT_EQ(holderOf(folder.path(), address), std::nullopt) << "a number that nobody holds is no holder";
 }
 
 }  // namespace

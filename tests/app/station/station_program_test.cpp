@@ -144,7 +144,7 @@ TEST_F(StationProgramTest, ADryRunPrintsAndConnectsToNoDaemon) {
     finish();
     // Each daemon gets its own in this order; between them there is none.
     EXPECT_EQ(printedTo("rotator"), "P 100.50 30.25\nS\n");
-    EXPECT_EQ(printedTo("radio"), "F 145800000\nS 1 VFOB\nI 435000000\n");
+    EXPECT_EQ(printedTo("radio"), "V VFOA\nF 145800000\nS 1 VFOB\nI 435000000\nS 0 VFOA\n");
     EXPECT_FALSE(rotator.hasClient());
     EXPECT_FALSE(radio.hasClient());
 }

@@ -39,11 +39,14 @@ class TcpDaemon {
     }
 
     std::vector<std::string> lines;
+    /// How often somebody has connected.
+    int arrivals = 0;
 
   private:
     void listen(std::uint16_t port) {
         m_server = std::make_unique<QTcpServer>();
         QObject::connect(m_server.get(), &QTcpServer::newConnection, m_server.get(), [this] {
+            ++arrivals;
             QTcpSocket* const socket = m_server->nextPendingConnection();
             QObject::connect(socket, &QTcpSocket::readyRead, socket, [this, socket] { serve(*socket); });
         });

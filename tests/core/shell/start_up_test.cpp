@@ -67,7 +67,7 @@ TEST_F(StartUpTest, TheSettingsOpenOnceWhereNobodyHasToldThePlace) {
     EXPECT_EQ(settings.made, 1) << "by now the place is stored, if only the default";
 }
 
-TEST_F(StartUpTest, AWindowThatCannotStoreWhatIsEditedKeepsTheProgram) {
+TEST_F(StartUpTest, AWindowThatStaysOpenKeepsTheProgram) {
     WindowScript& settings = fakeWindow("frmCONmain");
     WindowScript& groups = fakeWindow("frmCONGroups");
     services.windows.show("frmCONmain");
@@ -113,6 +113,17 @@ TEST_F(StartUpTest, AShortListIsToldAndTheStartGoesOn) {
         "ignore this.");
     EXPECT_EQ(fakes.dialogs.messages[1], "There may be a problem with your GROUPS.DAT file");
     EXPECT_EQ(form.Dstatus, "2 Satellites in the Keplerian Files (1 groups)");
+}
+
+TEST_F(StartUpTest, PlacesThatAreSkippedLeaveOneLineInTheLog) {
+    folder.write("locations.dat", "1Kept;1;2;3\r\n1A;1;2;high\r\n1;1;2;3\r\n1Also kept;1;2;3\r\n");
+    start();
+    EXPECT_EQ(state.Locations[2].Name, "Also kept");
+    const std::vector<std::string> lines = fakes.logLines();
+    ASSERT_EQ(lines.size(), 1U);
+    EXPECT_NE(lines[0].find("locations.dat: 2 line(s) skipped, the first one: 1A;1;2;high"),
+              std::string::npos)
+        << lines[0];
 }
 
 TEST_F(StartUpTest, FiveAndTenBytesAreLongEnough) {

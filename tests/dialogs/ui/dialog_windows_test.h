@@ -5,6 +5,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QElapsedTimer>
+#include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -13,6 +14,8 @@
 #include <QScrollBar>
 #include <QSlider>
 #include <memory>
+#include <utility>
+#include <vector>
 
 #include "core/ui/scrolled_contents.h"
 #include "dialogs/ui/choice_list.h"
@@ -60,6 +63,18 @@ class DialogWindowsTest : public ::testing::Test {
         field->selectAll();
         QTest::keyClick(field, Qt::Key_Delete);
         QTest::keyClicks(field, QString::fromLatin1(text));
+    }
+    /// Captions stand on the controls as the user reads them.
+    static void expectCaptions(QWidget* window,
+                               const std::vector<std::pair<const char*, const char*>>& captions) {
+        for (const auto& [name, caption] : captions) {
+            const auto* const control = childOf<QWidget>(window, name);
+            if (control == nullptr) continue;
+            const bool isBox = qobject_cast<const QGroupBox*>(control) != nullptr;
+            QString text = control->property(isBox ? "title" : "text").toString();
+            text.remove(QLatin1Char('&'));
+            EXPECT_EQ(text.toStdString(), caption) << name;
+        }
     }
     std::string stored(const char* key) { return program.fakes.settings.get(key).value_or("(none)"); }
     const std::vector<std::string>& messages() const { return program.fakes.dialogs.messages; }

@@ -55,9 +55,13 @@ TEST_F(ListWindowsTest, TicksOfTheMouseAndOfTheKeyboardAreFavourites) {
     clickRow(window, satellites, station, true);
     EXPECT_FALSE(isTicked(window, satellites, station));
     EXPECT_EQ(favourites().size(), before.size() - 1);
-    EXPECT_EQ(textOf(window, "Details"), "No Information.") << "a tick chooses nothing";
+    const std::string details = textOf(window, "Details");
+    EXPECT_NE(details, "No Information.") << "the entry of the tick is selected";
+    EXPECT_EQ(childOf<ChoiceList>(window, satellites)->currentIndex().row(), station);
+    clickRow(window, satellites, station == 0 ? 1 : 0);
+    EXPECT_NE(textOf(window, "Details"), details);
     clickRow(window, satellites, station);
-    EXPECT_NE(textOf(window, "Details"), "No Information.");
+    EXPECT_EQ(textOf(window, "Details"), details);
     EXPECT_FALSE(isTicked(window, satellites, station)) << "on the name nothing is ticked";
     QTest::keyClick(childOf<ChoiceList>(window, satellites), Qt::Key_Space);
     EXPECT_TRUE(isTicked(window, satellites, station));
@@ -186,6 +190,56 @@ TEST_F(ListWindowsTest, PlacesAreTickedAddedAndDeleted) {
     EXPECT_EQ(windowOnScreen<frmCONlocations>(), nullptr);
     EXPECT_EQ(program.fakes.folder.read("locations.dat").find("London"), std::string::npos);
     EXPECT_TRUE(program.fakes.folder.read("locations.dat").ends_with("12;12;12;12\r\n"));
+}
+
+TEST_F(ListWindowsTest, WhatIsAddedToALongListIsSeen) {
+    program.start();
+    for (int i = 1; i <= 38; ++i) program.state.Groups[i] = {"G" + std::to_string(i), "stations.txt", "1"};
+    program.state.GroupCount = 38;
+    for (int i = 1; i <= 100; ++i) program.state.Locations[i] = {"P" + std::to_string(i), "1", "2", 3, "1"};
+    const auto isLastSeen = [](QWidget* window, const char* list) {
+        const auto* const view = childOf<ChoiceList>(window, list);
+        const QRect last = view->visualRect(entry(window, list, count(window, list) - 1));
+        return view->viewport()->rect().contains(last.center());
+    };
+    QWidget* window = open<frmCONGroups>("mnuCONgroups");
+    EXPECT_FALSE(isLastSeen(window, groups));
+    pick(window, "COMCelestrak", 4);
+    click(window, "BUTaddCelestrak");
+    EXPECT_TRUE(isLastSeen(window, groups));
+    EXPECT_EQ(childOf<ChoiceList>(window, groups)->currentIndex().row(), 0) << "and not selected";
+    close(window);
+    window = open<frmCONlocations>("mnuCONlocations");
+    EXPECT_FALSE(isLastSeen(window, "ListLocations"));
+    program.fakes.dialogs.typed = "12";
+    click(window, "BUTaddlocations");
+    EXPECT_TRUE(isLastSeen(window, "ListLocations"));
+}
+
+TEST_F(ListWindowsTest, AListThatCannotBeStoredIsTold) {
+    auto* const window = open<frmCONGroups>("mnuCONgroups");
+    std::filesystem::remove(program.fakes.folder.path() / "faves.dat");
+    std::filesystem::create_directory(program.fakes.folder.path() / "faves.dat");
+    close(window);
+    ASSERT_EQ(messages().size(), 1U);
+    EXPECT_NE(messages()[0].find("faves.dat"), std::string::npos) << messages()[0];
+}
+
+TEST_F(ListWindowsTest, HaveTheirCaptions) {
+    expectCaptions(open<frmCONGroups>("mnuCONgroups"),
+                   {{"captionGroups", "Satellite Groups"},
+                    {"captionSatellites", "Favourite Satellites in selected Group"},
+                    {"frameDetails", "Selected Satellite Information"},
+                    {"Details", "No Information."},
+                    {"BUTaddCelestrak", "Add This to your Groups"},
+                    {"BUTaddgroup", "Add New Group"},
+                    {"BUTdeletegroup", "Delete Group"},
+                    {"BUTsel", "Select All"},
+                    {"BUTdesel", "Deselect All"},
+                    {"BUTmakeprime", "Make Primary Satellite"},
+                    {"BUTfindInfo", "Find more info on Internet"}});
+    expectCaptions(open<frmCONlocations>("mnuCONlocations"),
+                   {{"BUTaddlocations", "Add Location"}, {"BUTremovelocations", "Delete Location"}});
 }
 
 TEST_F(ListWindowsTest, EverythingHasItsPlaceInBothLooks) {

@@ -138,6 +138,79 @@ TEST_F(SettingsWindowsTest, TheMapOpensItsSettingsBesideItAndFollowsThem) {
     program.fakes.windows.releaseUnloaded();
 }
 
+TEST_F(SettingsWindowsTest, TheWheelChangesOnlyWhatHasTheFocus) {
+    program.fakes.settings.set("Speechpack", "1");
+    auto* const window = open<frmCONmain>("mnuCONmain");
+    const std::size_t spoken = program.fakes.speech.texts.size();
+    for (const char* const name : {"VoiceSelect", "SLspeechspeed", "SLminEl"}) {
+        auto* const control = childOf<QWidget>(window, name);
+        EXPECT_NE(control->focusPolicy(), Qt::WheelFocus) << name;
+        turnWheel(*control);
+    }
+    EXPECT_EQ(childOf<QComboBox>(window, "VoiceSelect")->currentIndex(), 0);
+    EXPECT_EQ(program.fakes.speech.texts.size(), spoken);
+    EXPECT_EQ(childOf<QSlider>(window, "SLspeechspeed")->value(), 180);
+    EXPECT_EQ(childOf<QSlider>(window, "SLminEl")->value(), 0);
+    childOf<QSlider>(window, "SLspeechspeed")->setFocus();
+    turnWheel(*childOf<QSlider>(window, "SLspeechspeed"));
+    EXPECT_NE(stored("SpeechSpeed"), "180");
+    close(window);
+    auto* const map = open<frmCON2D>("mnu2Dsettings");
+    childOf<QCheckBox>(map, "CHaltworld")->setFocus();
+    const std::string before = stored("MapFile") + stored("HorizonFile") + stored("MapUpdate");
+    for (const char* const name : {"COMmap", "COMhormap", "SLMapUpdate", "SLgroundTrackLen"}) {
+        turnWheel(*childOf<QWidget>(map, name));
+    }
+    EXPECT_EQ(stored("MapFile") + stored("HorizonFile") + stored("MapUpdate"), before);
+    EXPECT_EQ(textOf(map, "LABgroundtrackLen"), "90 Minutes");
+}
+
+TEST_F(SettingsWindowsTest, HaveTheirCaptions) {
+    expectCaptions(open<frmCONmain>("mnuCONmain"),
+                   {{"frameLocation", "Your Location Settings"},
+                    {"frameSpeech", "Speechpack Settings"},
+                    {"frameRecording", "Audio Recording Settings"},
+                    {"frameMiscellanous", "Miscellanous Settings"},
+                    {"captionLocation", "Location Name"},
+                    {"OPdecDeg", "Co-ordinates in Decimal Degrees"},
+                    {"OPnonDecDeg", "Co-ordinates in Degrees, Minutes, Seconds"},
+                    {"Label1", "Lat"},
+                    {"Label2", "Longitude"},
+                    {"Label9", "Lat"},
+                    {"Label8", "Longitude"},
+                    {"headingDeg", "DEG"},
+                    {"headingMin", "MIN"},
+                    {"headingSec", "SEC"},
+                    {"noteLongitude", "Longitude must be in Degrees WEST (0 to 359)"},
+                    {"captionHeight", "Height above Sea Level (in Metres)"},
+                    {"captionTimezone", "Timezone"},
+                    {"BUTeditTZ", "View / Edit"},
+                    {"CHspeechpack", "Speechpack Installed"},
+                    {"captionVoice", "Voice Name"},
+                    {"captionSpeed", "Speed of Speech (in words per minute)"},
+                    {"CHrecwxsat", "Record Weather Satellite Passes"},
+                    {"CHrecPrimary", "Record Primary Satellite Passes"},
+                    {"captionMinEl", "Minimum Elevation for Recording"},
+                    {"captionWavDir", "Path to save Recorded WAVs"},
+                    {"BUTwxWavDir", "Browse"},
+                    {"Chchangeres", "Change Resoultion up to 800x600 on Start up"},
+                    {"noteChangeRes", "Only Switch this on if you like 640x480 mode"},
+                    {"CHcomp", "Compatability Mode?"},
+                    {"noteComp",
+                     "If you have difficulty bringing up the map views, put a tick in this box to disable "
+                     "'alphablending'"},
+                    {"CHskin", "Vantrace \"Skinning\" Effect"}});
+    expectCaptions(open<frmCON2D>("mnu2Dsettings"),
+                   {{"captionTrackLen", "Groundtrack Length (in Minutes)"},
+                    {"captionMapUpdate", "Map Update (in Seconds)"},
+                    {"CHgroundtrack", "Show Groundtrack"},
+                    {"CHfootprints", "Show Footprints"},
+                    {"CHaltworld", "Alternate World View (Ideal for Australia/New Zealand)"},
+                    {"CHshowinfopane", "Show Info Pane"},
+                    {"captionMap", "2D Map Image File"},
+                    {"captionHorizon", "Panoramic Horizon View Image File"}});
+}
+
 TEST_F(SettingsWindowsTest, EverythingHasItsPlaceInBothLooks) {
     takePictures<frmCONmain>("mnuCONmain", "main-settings");
     takePictures<frmCON2D>("mnu2Dsettings", "map-settings");

@@ -47,12 +47,23 @@ TEST(ElementRequest, OtherHostsAreNotTheElementHost) {
     }
 }
 
+TEST(ElementRequest, APortThatGoesWithoutSayingMakesNoOtherHost) {
+    for (const std::string host : {"celestrak.org:443", "CELESTRAK.org:80", "celestrak.org.",
+                                   "celestrak.org:", "me@celestrak.org.:443"}) {
+        EXPECT_EQ(asked("http://" + host + "/NORAD/elements/x.txt"),
+                  "https://celestrak.org/NORAD/elements/gp.php?GROUP=x&FORMAT=csv")
+            << host;
+    }
+    EXPECT_NE(asked("http://mirror.example/NORAD/elements/x.txt", "mirror.example.:443"), "");
+}
+
 TEST(ElementRequest, AConfiguredHostIsAskedWithItsPort) {
     EXPECT_EQ(asked("http://mirror.example:8443/NORAD/elements/geo.txt", "Mirror.example:8443"),
               "https://mirror.example:8443/NORAD/elements/gp.php?GROUP=geo&FORMAT=csv");
     EXPECT_EQ(asked("http://127.0.0.1:8080/NORAD/elements/geo.txt", "127.0.0.1:8080"),
               "http://127.0.0.1:8080/NORAD/elements/gp.php?GROUP=geo&FORMAT=csv");
     EXPECT_EQ(asked("http://127.0.0.9:8080/NORAD/elements/geo.txt", "127.0.0.1:8080"), "");
+    EXPECT_EQ(asked("http://mirror.net/NORAD/elements/geo.txt", "mirror.org"), "") << "somebody else's";
     // Whoever has set another host still asks the usual one by its rules.
     EXPECT_EQ(asked("http://celestrak.org/NORAD/elements/geo.txt", "mirror.example"),
               "https://celestrak.org/NORAD/elements/gp.php?GROUP=geo&FORMAT=csv");

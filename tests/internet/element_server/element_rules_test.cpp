@@ -1,6 +1,7 @@
 // The element server's rules, as the fetcher keeps them.
 #include <sys/stat.h>
 
+#include "core/texts.h"
 #include "tests/internet/element_server/fetcher_test.h"
 
 namespace vantrace {
@@ -57,8 +58,10 @@ TEST_F(ElementRules, ARequestThatNeverArrivedDoesntCount) {
     client.fails(HttpFailure::hostName, false);
     EXPECT_EQ(codeOf(fetch("stations")), static_cast<int>(HttpFailure::hostName));
     client.fails(HttpFailure::closed, true);
-    EXPECT_EQ(codeOf(fetch("stations")), static_cast<int>(HttpFailure::closed));
-    EXPECT_EQ(codeOf(fetch("stations")), codeOf(FetchFailure::tooEarly));
+    const auto error = fetch("stations");
+    EXPECT_EQ(codeOf(error), static_cast<int>(HttpFailure::closed));
+    EXPECT_EQ(messageOf(error), "It broke; not asked again before 14:00:00");
+    EXPECT_NE(messageOf(fetch("stations")).find("without a whole answer"), std::string::npos);
     EXPECT_FALSE(folder.exists("stations.txt"));
 }
 
@@ -89,13 +92,54 @@ TEST_F(ElementRules, AnyOtherAnswerStopsTheHostForTheRun) {
         EXPECT_EQ(folder.read(group + ".txt"), "old");
         EXPECT_EQ(messageOf(fetcher->FetchToFile("http://other.example/x", folder.appPath() + "x")), "");
     }
+    // An answer that breaks off is an answer.
     restart();
-    EXPECT_EQ(messageOf(fetch("fresh")), "");
+    client.fails(HttpFailure::closed, true, 0, 503);
+    EXPECT_EQ(codeOf(fetch("broken")), static_cast<int>(HttpFailure::closed));
+    EXPECT_EQ(codeOf(fetch("broken-next")), codeOf(FetchFailure::hostStopped));
+    restart();
+    client.fails(HttpFailure::proxy, false, 0, 407);
+    fetch("proxy");
+    client.answers(200, "OK", csv);
+    EXPECT_EQ(messageOf(fetch("fresh")), "") << "the proxy isn't the host";
+}
+
+TEST_F(ElementRules, OneRedirectWithinTheHostIsFollowedAndBothAddressesHaveBeenAsked) {
+    const std::string start = "https://celestrak.org/NORAD/elements/";
+    client.redirects[start + "gp.php?GROUP=stations&FORMAT=csv"] = start + "new.php?GROUP=stations";
+    client.redirects[start + "gp.php?GROUP=visual&FORMAT=csv"] = start + "NEW.php?GROUP=stations";
+    EXPECT_EQ(messageOf(fetch("stations")), "");
+    EXPECT_TRUE(folder.exists("stations.txt"));
+    EXPECT_EQ(asked(), 2U);
+    EXPECT_EQ(codeOf(fetch("stations")), codeOf(FetchFailure::tooEarly));
+    EXPECT_EQ(codeOf(fetch("visual")), codeOf(FetchFailure::tooEarly))
+        << "it leads to what was asked just now";
+    EXPECT_EQ(asked(), 3U);
+    EXPECT_EQ(messageOf(fetch("weather")), "") << "the host isn't stopped";
+}
+
+TEST_F(ElementRules, OtherRedirectsStopTheHost) {
+    const std::string start = "https://celestrak.org/NORAD/elements/gp.php?GROUP=";
+    client.redirects["https://celestrak.org/on"] = "https://celestrak.org/on/and/on";
+    int number = 0;
+    for (const std::string target :
+         {"ftp://celestrak.org/x", "http://celestrak.org/x", "https://other.example/x",
+          "https://celestrak.org/on", "https://celestrak.org:8443/x"}) {
+        restart();
+        const std::string group = "group" + std::to_string(++number);
+        client.redirects[start + group + "&FORMAT=csv"] = target;
+        const std::size_t before = asked();
+        EXPECT_EQ(codeOf(fetch(group)), 301) << target;
+        EXPECT_EQ(asked() - before, target.ends_with("/on") ? 2U : 1U) << target;
+        EXPECT_EQ(codeOf(fetch("stations")), codeOf(FetchFailure::hostStopped)) << target;
+        EXPECT_FALSE(folder.exists(group + ".txt"));
+    }
 }
 
 TEST_F(ElementRules, AGroupThatTheServerHasntGotStandsInNobodysWay) {
     client.answers(404, "Not Found", "");
-    fetch("goes");
+    const std::string words = messageOf(fetch("goes"));
+    EXPECT_NE(words.find("Not Found; not asked again before 27 MAR 12:00:00"), std::string::npos) << words;
     restart();
     advanceMinutes(24 * 60);
     client.answers(200, "OK", csv);
@@ -107,9 +151,16 @@ TEST_F(ElementRules, AGroupThatTheServerHasntGotStandsInNobodysWay) {
 
 TEST_F(ElementRules, NothingNewerIsASuccessThatLeavesTheFile) {
     folder.write("stations.txt", "old");
-    client.answers(403, "Forbidden", unchanged);
-    EXPECT_EQ(messageOf(fetch("stations")), "");
-    EXPECT_EQ(folder.read("stations.txt"), "old");
+    for (const std::string& notice :
+         {std::string(unchanged), replacedAll(unchanged, "updated since", "been\r\n  Updated Since")}) {
+        restart();
+        advanceMinutes(120);
+        client.answers(403, "Forbidden", notice);
+        EXPECT_EQ(messageOf(fetch("stations")), "");
+        EXPECT_EQ(folder.read("stations.txt"), "old");
+    }
+    clock.setUtc({2024, 3, 20, 12, 0, 0});
+    restart();
     const auto error = fetch("visual");
     EXPECT_EQ(codeOf(error), codeOf(FetchFailure::notKept));
     EXPECT_NE(messageOf(error).find("before 14:00:00"), std::string::npos) << messageOf(error);
@@ -125,6 +176,19 @@ TEST_F(ElementRules, AHostThatTakesTooLongRestsAMinute) {
     EXPECT_EQ(asked(), 1U);
     advanceMinutes(1);
     EXPECT_EQ(messageOf(fetch("visual")), "");
+    // So does any other host, whatever its failure; but not one that fails quickly, or by another proxy.
+    const std::string file = folder.appPath() + "x";
+    const std::string url = "http://dead.example/x";
+    client.fails(HttpFailure::hostName, false, 5);
+    EXPECT_EQ(codeOf(fetcher->FetchToFile(url, file)), static_cast<int>(HttpFailure::hostName));
+    client.fails(HttpFailure::hostName, false, 6);
+    EXPECT_EQ(codeOf(fetcher->FetchToFile(url, file)), static_cast<int>(HttpFailure::hostName));
+    client.answers(200, "OK", "x");
+    EXPECT_EQ(codeOf(fetcher->FetchToFile("http://Dead.example/y", file)), codeOf(FetchFailure::tooEarly));
+    EXPECT_EQ(messageOf(fetcher->FetchToFileViaProxy(url, file, "proxy", "80", "", "")), "");
+    EXPECT_EQ(messageOf(fetcher->FetchToFile("http://live.example/y", file)), "");
+    advanceMinutes(1);
+    EXPECT_EQ(messageOf(fetcher->FetchToFile(url, file)), "");
 }
 
 TEST_F(ElementRules, AGroupThatHasCeasedIsntAsked) {

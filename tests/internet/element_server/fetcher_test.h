@@ -3,8 +3,10 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <fstream>
 #include <functional>
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -23,22 +25,26 @@ class FakeHttpClient final : public HttpClient {
     HttpAnswer get(const HttpRequest& request) override {
         requests.push_back(request);
         if (onGet) onGet();
-        std::ofstream(request.file, std::ios::binary) << body;
-        return answer;
+        const auto redirect = redirects.find(request.url);
+        std::ofstream(request.file, std::ios::binary) << (redirect == redirects.end() ? body : "moved");
+        if (redirect == redirects.end()) return answer;
+        return {HttpFailure::none, 301, "Moved Permanently", redirect->second, true, {}};
     }
 
     void answers(int status, std::string text, std::string content) {
-        answer = {HttpFailure::none, status, std::move(text), false, true};
+        answer = {HttpFailure::none, status, std::move(text), {}, true, {}};
         body = std::move(content);
     }
-    void fails(HttpFailure failure, bool mayHaveArrived) {
-        answer = {failure, 0, "It broke", false, mayHaveArrived};
+    void fails(HttpFailure failure, bool mayHaveArrived, int seconds = 0, int status = 0) {
+        answer = {failure, status, "It broke", {}, mayHaveArrived, std::chrono::seconds(seconds)};
         body = "half";
     }
 
     std::vector<HttpRequest> requests;
     HttpAnswer answer;
     std::string body;
+    /// Which addresses send on, and where to.
+    std::map<std::string, std::string> redirects;
     /// While the answer arrives.
     std::function<void()> onGet;
 };

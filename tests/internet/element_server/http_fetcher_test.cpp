@@ -20,7 +20,46 @@ TEST_F(FetcherTest, APlainPageReplacesTheFileWhateverItHolds) {
     EXPECT_EQ(folder.names(), std::vector<std::string>{"satellite.dat"});
     EXPECT_EQ(client.requests.at(0).url, plainUrl);
     EXPECT_FALSE(client.requests.at(0).proxy);
-    EXPECT_EQ(client.requests.at(0).redirects, HttpRedirects::anyHost);
+}
+
+TEST_F(FetcherTest, RedirectsOfPlainHostsAreFollowedToAnyButTheElementHost) {
+    const std::string file = folder.appPath() + "x.dat";
+    const auto follow = [&](const std::string& from, const std::string& to) {
+        client.redirects = {{from, to}, {"http://a.example/circle", "http://a.example/circle"}};
+        return fetcher->FetchToFile(from, file);
+    };
+    client.answers(200, "OK", "content");
+    EXPECT_EQ(messageOf(follow(plainUrl, "https://b.example/x")), "");
+    EXPECT_EQ(client.requests.back().url, "https://b.example/x");
+    EXPECT_EQ(folder.read("x.dat"), "content");
+    const std::size_t before = client.requests.size();
+    for (const std::string target :
+         {"file:///etc/passwd", "ftp://b.example/x", "javascript:1",
+          "https://celestrak.org/NORAD/elements/x.txt", "http://www.celestrak.com:443/satcat.csv"}) {
+        EXPECT_EQ(codeOf(follow(plainUrl, target)), static_cast<int>(HttpFailure::redirect)) << target;
+    }
+    EXPECT_EQ(codeOf(follow("https://a.example/x", "http://a.example/x")),
+              static_cast<int>(HttpFailure::redirect));
+    EXPECT_EQ(client.requests.size() - before, 6U);
+    EXPECT_EQ(codeOf(follow("http://a.example/", "http://a.example/circle")),
+              static_cast<int>(HttpFailure::redirect));
+    EXPECT_EQ(client.requests.size() - before, 17U);
+}
+
+TEST_F(FetcherTest, WhatAKilledRunLeftBehindGoesAfterADay) {
+    using namespace std::chrono_literals;
+    const std::vector<std::string> old{"x.dat.aB3dEf.part", "x.dat.aB3dEf.tmp", "x.dat.bak.part",
+                                       "y.dat.aB3dEf.part"};
+    for (const std::string& name : old) {
+        folder.write(name, "half");
+        std::filesystem::last_write_time(folder.path() / name,
+                                         std::filesystem::file_time_type::clock::now() - 25h);
+    }
+    folder.write("x.dat.Young1.part", "of another run");
+    client.answers(200, "OK", "content");
+    EXPECT_EQ(messageOf(fetcher->FetchToFile(plainUrl, folder.appPath() + "x.dat")), "");
+    EXPECT_EQ(folder.names(), (std::vector<std::string>{"x.dat", "x.dat.Young1.part", "x.dat.bak.part",
+                                                        "y.dat.aB3dEf.part"}));
 }
 
 TEST_F(FetcherTest, AFailureLeavesTheOldFileAndNothingElse) {
@@ -76,8 +115,9 @@ TEST_F(FetcherTest, ProxyWordsAreTakenOrRefusedByTheirSense) {
     EXPECT_TRUE(client.requests.empty());
     EXPECT_FALSE(folder.exists("x.dat"));
     EXPECT_EQ(messageOf(via(" proxy.example ", " 3128 ", "", "secret")), "");
-    EXPECT_EQ(messageOf(via("proxy.example", "3128", "me", "secret")), "");
+    EXPECT_EQ(messageOf(via("[::1]", "3128", "me", "secret")), "");
     ASSERT_EQ(client.requests.size(), 2U);
+    EXPECT_EQ(client.requests[1].proxy->host, "::1");
     EXPECT_EQ(client.requests[0].proxy->host, "proxy.example");
     EXPECT_EQ(client.requests[0].proxy->port, 3128);
     EXPECT_EQ(client.requests[0].proxy->password, "") << "nobody's";
@@ -90,7 +130,6 @@ TEST_F(FetcherTest, MessagesOfElementsBecomeThreeLineSets) {
     EXPECT_EQ(messageOf(fetch("stations")), "");
     EXPECT_EQ(client.requests.at(0).url,
               "https://celestrak.org/NORAD/elements/gp.php?GROUP=stations&FORMAT=csv");
-    EXPECT_EQ(client.requests.at(0).redirects, HttpRedirects::sameHost);
     int sets = 0;
     readElementSets(folder.read("stations.txt"),
                     {[&](ElementSet&& set) {
@@ -110,21 +149,36 @@ TEST_F(FetcherTest, ASetThatIsLeftOutIsTold) {
     EXPECT_EQ(messageOf(fetch("stations")), "");
     ASSERT_EQ(told.size(), 1U);
     EXPECT_EQ(told[0].rfind("stations.txt: left out: ", 0), 0U) << told[0];
+    told.clear();
+    std::string broken = csv;
+    for (int set = 0; set < 1500; ++set) broken += "BROKEN,1998-067A,yesterday,15.4\r\n";
+    client.answers(200, "OK", broken);
+    EXPECT_EQ(messageOf(fetch("visual")), "");
+    ASSERT_EQ(told.size(), 21U);
+    EXPECT_EQ(told.back(), "visual.txt: left out: 1480 more");
 }
 
 TEST_F(FetcherTest, ThreeLineSetsAreTakenAsTheyStand) {
     const std::string sets = readTextFile(std::string(VANTRACE_DATA_FOLDER) + "/stations.txt", 1 << 20);
-    client.answers(200, "OK", sets);
-    EXPECT_EQ(messageOf(fetch("stations")), "");
-    EXPECT_EQ(folder.read("stations.txt"), sets);
+    // One that was cut short is for the update to mend.
+    for (const std::string& content : {sets, sets.substr(0, 400), "# remark\n\n" + sets}) {
+        restart();
+        advanceMinutes(120);
+        client.answers(200, "OK", content);
+        EXPECT_EQ(messageOf(fetch("stations")), "");
+        EXPECT_EQ(folder.read("stations.txt"), content);
+    }
 }
 
 TEST_F(FetcherTest, AnAnswerWithoutAGoodSetReplacesNothing) {
     const std::string heading = csv.substr(0, csv.find('\n') + 1);
+    const std::string sets = readTextFile(std::string(VANTRACE_DATA_FOLDER) + "/stations.txt", 1 << 20);
+    const std::string set = sets.substr(0, sets.find('\n', sets.find("\n2 ") + 1) + 1);
     int number = 0;
     for (const std::string& content :
-         {std::string("<html>Service</html>"), std::string(), std::string("No GP data found"), heading,
-          heading + "X,Y,Z\r\n", std::string(3000, '\0')}) {
+         {std::string("<html>Service</html>"), "<html>\n<pre>\n" + set + "</pre>\n</html>\n", "<pre>\n" + set,
+          "Dear user,\nthis is what we have:\n" + set, set + "That was all.\nGood night\n", std::string(),
+          std::string("No GP data found"), heading, heading + "X,Y,Z\r\n", std::string(3000, '\0')}) {
         const std::string group = "group" + std::to_string(++number);
         folder.write(group + ".txt", "old");
         client.answers(200, "OK", content);
@@ -134,6 +188,7 @@ TEST_F(FetcherTest, AnAnswerWithoutAGoodSetReplacesNothing) {
             << messageOf(error);
         EXPECT_EQ(folder.read(group + ".txt"), "old");
     }
+    EXPECT_NE(messageOf(fetch("group1")).find("held no good element set"), std::string::npos);
 }
 
 TEST_F(FetcherTest, OtherPagesOfTheElementHostArentLookedAt) {

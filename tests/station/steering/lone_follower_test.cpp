@@ -43,5 +43,21 @@ TEST(LoneFollower, GoesOnThroughNorthWhereItCanAndTurnsOnceWhereItCannot) {
     EXPECT_FALSE(overlap.hasTurned());
 }
 
+TEST(LoneFollower, GoesOnFromWhereThePlanHasLeftItAndTellsWhatIsOutOfReach) {
+    LoneFollower follower;
+    follower.goOnFrom({438, 30});
+    EXPECT_NEAR(follower.follow(at(79), overlapping)->azimuthDeg, 439.0, 1e-9);
+    EXPECT_FALSE(follower.hasTurned());
+    EXPECT_FALSE(follower.isOutOfReach());
+    constexpr RotatorLimits narrow{90, 270, 10, 90};
+    LoneFollower held;
+    EXPECT_NEAR(held.follow({280, 30}, narrow)->azimuthDeg, 270.0, 1e-9);
+    EXPECT_TRUE(held.isOutOfReach());
+    held.follow({200, -2}, narrow);
+    EXPECT_FALSE(held.isOutOfReach()) << "below the horizon nothing is missed";
+    held.follow({200, 5}, narrow);
+    EXPECT_TRUE(held.isOutOfReach());
+}
+
 }  // namespace
 }  // namespace vantrace

@@ -170,5 +170,16 @@ TEST(PassPlan, PassesOfRealSatellitesAreFollowedWithoutAJump) {
     EXPECT_GT(turned, 20) << "else the test says little";
 }
 
+TEST(PassPlan, ASecondAtTheZenithDoesntWrapTheAzimuthRound) {
+    PassPlan plan;
+    plan.points = {{0.0, {10, 89}, false}, {1.0, {185, 89}, false}, {2.0, {190, 80}, false}};
+    EXPECT_NEAR(plan.positionAt(0.9, {192, 89}, plain).azimuthDeg, 192, 1e-9);
+    EXPECT_NEAR(plan.positionAt(0.1, {12, 89}, plain).azimuthDeg, 12, 1e-9);
+    // Behind a turn the point before has the say until the turn comes.
+    plan.points = {{0.0, {359, 40}, false}, {1.0, {1, 40}, false}};
+    EXPECT_NEAR(plan.positionAt(0.9, {0.8, 40}, plain).azimuthDeg, 360, 1e-9);
+    EXPECT_NEAR(plan.positionAt(1.0, {1.0, 40}, plain).azimuthDeg, 1, 1e-9);
+}
+
 }  // namespace
 }  // namespace vantrace

@@ -68,7 +68,7 @@ TEST_F(RotatorControlTest, LimitsAndPositionAreRead) {
     ASSERT_TRUE(rotator.present());
     EXPECT_EQ(rotator.present()->azimuthDeg, 370.0);
     rotator.tick(10.2);
-    EXPECT_EQ(daemon.of("+p").size(), 1U) << "not at every tick";
+    EXPECT_EQ(daemon.of("+p").size(), 2U) << "at the beginning, and not at every tick";
 }
 
 TEST_F(RotatorControlTest, LimitsThatMakeNoSenseAreNone) {
@@ -101,9 +101,53 @@ TEST_F(RotatorControlTest, StopOvertakesAPositionThatWaits) {
     daemon.serve(0);
     EXPECT_EQ(daemon.of("+S").size(), 1U);
     EXPECT_EQ(pointedAt(), (Texts{"+P 100.00 20.00"}));
-    rotator.park();
+    rotator.park(std::nullopt);
     daemon.serve(0);
     EXPECT_EQ(daemon.commands.back(), "+K");
+}
+
+TEST_F(RotatorControlTest, NothingMovesBeforeTheDaemonHasToldLimitsAndPositionOrRefused) {
+    daemon.come(0);
+    rotator.point({100, 20});
+    EXPECT_EQ(daemon.transport.sent, (Texts{"+\\dump_state\n"}));
+    daemon.session.received("RPRT -11\n", 0);
+    rotator.point({100, 20});
+    EXPECT_FALSE(rotator.isReady());
+    daemon.session.received("RPRT -11\n", 0);
+    EXPECT_TRUE(rotator.isReady());
+    rotator.point({100, 20});
+    EXPECT_EQ(daemon.transport.sent.back(), "+P 100.00 20.00\n");
+}
+
+TEST_F(RotatorControlTest, TheRestIsTriedAgainUntilItIsTakenOrSomethingElseIsWanted) {
+    const auto ticks = [this](double from, double to) {
+        for (double now = from; now < to; now += 0.5) {
+            rotator.tick(now);
+            daemon.serve(now);
+        }
+    };
+    rotator.park(RotatorPosition{400, -5});
+    EXPECT_TRUE(pointedAt().empty()) << "its daemon is away";
+    connect();
+    daemon.answers["+P"] = "set_pos:\nRPRT -9\n";
+    ticks(0, 10);
+    EXPECT_GE(pointedAt().size(), 3U);
+    EXPECT_LE(pointedAt().size(), 6U);
+    EXPECT_EQ(pointedAt().back(), "+P 360.00 0.00") << "held to the limits";
+    EXPECT_EQ(told.size(), 2U) << "connected, and refused once";
+    daemon.answers.clear();
+    ticks(10, 20);
+    const std::size_t all = pointedAt().size();
+    ticks(20, 30);
+    EXPECT_EQ(pointedAt().size(), all) << "once it has been taken it rests";
+    daemon.answers["+K"] = "park:\nRPRT -9\n";
+    rotator.park(std::nullopt);
+    ticks(30, 34);
+    rotator.point({100, 20});
+    const std::size_t parks = daemon.of("+K").size();
+    ticks(34, 40);
+    EXPECT_EQ(daemon.of("+K").size(), parks) << "the next target takes its place";
+    EXPECT_EQ(pointedAt().back(), "+P 100.00 20.00");
 }
 
 }  // namespace

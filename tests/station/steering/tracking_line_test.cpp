@@ -32,6 +32,10 @@ TEST(TrackingLine, IsReadWithPointAndWithComma) {
     EXPECT_DOUBLE_EQ(comma->dopplerAt100Hz, -1.42108547152e-8);
     EXPECT_DOUBLE_EQ(*comma->downlinkHz, 437125000.5);
     EXPECT_EQ(faultOf("SNX AZ1 EL1 UP0 DN0 DO1.5E-16"), "");
+    const auto wild = readTrackingLine("SNX AZ1 EL1 UP-5 DN2E+12 DO0", fault);
+    ASSERT_TRUE(wild) << "the antenna follows all the same";
+    EXPECT_EQ(*wild->uplinkHz, 0.0);
+    EXPECT_EQ(*wild->downlinkHz, 0.0);
 }
 
 TEST(TrackingLine, OfTheMoonHasNoFrequencies) {
@@ -70,8 +74,7 @@ TEST(TrackingLine, WhatIsNotWhollyALineIsNone) {
                                         "SNISS AZ361 EL1 UP0 DN0 DO0",
                                         "SNISS AZ-1 EL1 UP0 DN0 DO0",
                                         "SNISS AZ1 EL91 UP0 DN0 DO0",
-                                        "SNISS AZ1 EL1 UP-5 DN0 DO0",
-                                        "SNISS AZ1 EL1 UP0 DN2E+12 DO0",
+                                        "SNISS AZ1 EL1 UPx DN0 DO0",
                                         "SNISS AZ1 EL1 UP0 DN0 DO1E+300",
                                         "SN\x1b[2J AZ1 EL1 UP0 DN0 DO0",
                                         "SNI\tS AZ1 EL1 UP0 DN0 DO0",

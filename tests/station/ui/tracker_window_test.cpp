@@ -80,6 +80,26 @@ TEST_F(TrackerWindowTest, WhatIsTypedIsTakenAndLeftAloneWhileItIsTyped) {
     EXPECT_EQ(textOf(window, "lblDownlink").substr(0, 4), "437.");
 }
 
+TEST_F(TrackerWindowTest, NeitherEscapeNorTheWheelEndsWhatIsTracked) {
+    frmTracker* const window = open("ISS (ZARYA)");
+    choose(window, "CHonOff");
+    tick(window, "Timer1");
+    auto* const downlink = childOf<QComboBox>(window, "COMdownlink");
+    const QString before = downlink->currentText();
+    EXPECT_NE(downlink->focusPolicy(), Qt::WheelFocus);
+    turnWheel(*downlink);
+    turnWheel(*downlink->lineEdit());
+    turnWheel(*childOf<QComboBox>(window, "COMuplink"));
+    EXPECT_EQ(downlink->currentText(), before);
+    EXPECT_EQ(childOf<QComboBox>(window, "COMuplink")->currentText().toStdString(), "145.990");
+    downlink->setFocus();
+    QTest::keyClick(downlink, Qt::Key_Escape);
+    QTest::keyClick(window, Qt::Key_Escape);
+    QTest::qWait(1);
+    EXPECT_EQ(windowOnScreen<frmTracker>(), window);
+    EXPECT_TRUE(childOf<QTimer>(window, "Timer1")->isActive());
+}
+
 TEST_F(TrackerWindowTest, TheMoonWithoutTheSkin) {
     fakes.settings.set("Skin", "0");
     frmTracker* const window = open("ISS (ZARYA)");

@@ -1,0 +1,105 @@
+#include "app/station/station_main.h"
+
+#include <gtest/gtest.h>
+
+#include <QFile>
+#include <QProcess>
+#include <filesystem>
+#include <sstream>
+
+#include "app/station/termination.h"
+#include "platform/file_error.h"
+#include "platform/system_clock.h"
+#include "tests/app/station/tcp_daemon.h"
+#include "tests/support/temporary_folder.h"
+
+namespace vantrace {
+namespace {
+
+class NoBytes final : public ByteSource {
+  public:
+    std::size_t read(std::span<char>) override { return 0; }
+};
+
+TEST(StationMain, WhereTheMachineDoesntTellOfTheProgramOnlyItsRunEnds) {
+    const TemporaryFolder folder;
+    SystemClock clock;
+    FileSettingsStore settings(folder.path() / "settings");
+    StationSurroundings surroundings{clock, settings, {}, []() -> ProgramFolderRequest {
+                                         throw FileError("/proc/self/exe", "no such file");
+                                     }};
+    NoBytes in;
+    std::ostringstream out;
+    std::ostringstream err;
+    Console console{in, out, err};
+    Termination termination;
+    EXPECT_EQ(runStation({"--version"}, surroundings, console, termination), 0);
+    EXPECT_EQ(runStation({"--help"}, surroundings, console, termination), 0);
+    EXPECT_EQ(err.str(), "");
+    EXPECT_EQ(runStation({"--dry"}, surroundings, console, termination), 1);
+    EXPECT_NE(err.str().find("/proc/self/exe"), std::string::npos) << err.str();
+    EXPECT_EQ(runStation({"--nonsense"}, surroundings, console, termination), 2);
+}
+
+/// The starter in a program folder, beside a station that only notes what it was told.
+class StarterTest : public ::testing::Test {
+  protected:
+    StarterTest() {
+        namespace fs = std::filesystem;
+        fs::create_directory(program);
+        fs::copy_file(VANTRACE_STARTER, program / "wispdde.exe");
+        m_folder.write("program/vantrace-station",
+                       "#!/bin/sh\necho a word\necho \"$@\" >\"" + noted.string() + "\"\n");
+        for (const char* const name : {"wispdde.exe", "vantrace-station"}) {
+            fs::permissions(program / name, fs::perms::owner_all);
+        }
+    }
+    ~StarterTest() override { std::filesystem::permissions(program, std::filesystem::perms::owner_all); }
+    bool starts(const QStringList& arguments = {}) const {
+        const QString starter = QString::fromStdString((program / "wispdde.exe").string());
+        return QProcess::execute(starter, arguments) == 0 &&
+               eventually([&] { return textOf(noted).ends_with("\n"); });
+    }
+    static std::string textOf(const std::filesystem::path& file) {
+        QFile text(QString::fromStdString(file.string()));
+        if (!text.open(QIODevice::ReadOnly)) return {};
+        return text.readAll().toStdString();
+    }
+
+  private:
+    TemporaryFolder m_folder;
+
+  protected:
+    const std::filesystem::path program = m_folder.path() / "program";
+    const std::filesystem::path noted = m_folder.path() / "noted";
+};
+
+TEST_F(StarterTest, StartsTheStationOfItsFolderWithALogThatIsKept) {
+    ASSERT_TRUE(starts({"--radio", "none"}));
+    EXPECT_EQ(textOf(noted), "--data " + program.string() + " --radio none\n");
+    std::filesystem::remove(noted);
+    ASSERT_TRUE(starts());
+    EXPECT_EQ(textOf(program / "station.log"), "a word\na word\n");
+    std::filesystem::remove(noted);
+    ASSERT_TRUE(starts({"--stop"}));
+    EXPECT_EQ(textOf(program / "station.log"), "a word\na word\n") << "who ends it reads it himself";
+}
+
+TEST_F(StarterTest, StartsItWhereNoLogCanBeWritten) {
+    std::filesystem::permissions(program,
+                                 std::filesystem::perms::owner_read | std::filesystem::perms::owner_exec);
+    EXPECT_TRUE(starts()) << "a folder that can't be written";
+    std::filesystem::permissions(program, std::filesystem::perms::owner_all);
+    std::filesystem::remove(noted);
+    std::filesystem::remove(program / "station.log");
+    // The same for a user whom permissions don't hold up.
+    std::filesystem::create_symlink("/nowhere/at/all", program / "station.log");
+    EXPECT_TRUE(starts()) << "a log that can't be made";
+    std::filesystem::remove(noted);
+    std::filesystem::remove(program / "station.log");
+    std::filesystem::create_directory(program / "station.log");
+    EXPECT_TRUE(starts()) << "a log that is a folder";
+}
+
+}  // namespace
+}  // namespace vantrace
