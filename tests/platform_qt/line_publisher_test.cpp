@@ -131,7 +131,8 @@ TEST_F(LinePublisherTest, ASlowClientHoldsNobodyUpAndGetsTheNewestLineWhole) {
         if (i % 50 == 0) heard(quick, "\n");
     }
     publisher.publish("newest");
-    EXPECT_TRUE(heard(quick, "\nnewest\n").endsWith("\nnewest\n"));
+    // All lines before it may have been skipped, or read in the loop.
+    EXPECT_TRUE(heard(quick, "newest\n").endsWith("newest\n"));
     EXPECT_LT(clock.elapsed(), 20'000);
     // Now he reads.
     slow.setReadBufferSize(0);
