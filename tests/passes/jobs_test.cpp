@@ -174,6 +174,32 @@ TEST_F(JobsTest, AJobThatIsNotThereIsTold) {
     EXPECT_EQ(messages(), Names(2, "There was a problem finding that Job"));
 }
 
+TEST_F(JobsTest, ANameTypedWithABlankIsFoundNoMoreUntilTheListIsReadAnew) {
+    load("");
+    appendJob(state, {"Late ", {"ISS (ZARYA)"}, "1", false, false, true});
+    form.ListPresets.add("Late ");
+    form.ListPresets.selected = 0;
+    BUTeditjob_Click(form, state, services);
+    PresetGo_Click(form, state, services);
+    EXPECT_THROW(PresetDelete_Click(form, state, services), FileError);
+    EXPECT_EQ(messages(), (Names{"There is a possible problem with your PASS.DAT file",
+                                 "There was a problem finding that Job"}));
+    load(jobs());
+    EXPECT_EQ(form.ListPresets.list, Names{"Late"});
+    PresetGo_Click(form, state, services);
+    EXPECT_FALSE(rows().empty());
+}
+
+TEST_F(JobsTest, AJobThatIsBeingEditedCannotBeRun) {
+    load("A\nISS (ZARYA);\n1\n0\n0\n");
+    BUTeditjob_Click(form, state, services);
+    form.ListPresets.add("A");
+    form.ListPresets.selected = 0;
+    PresetGo_Click(form, state, services);
+    EXPECT_EQ(messages(), Names{"There was a problem finding that Job"});
+    EXPECT_TRUE(rows().empty());
+}
+
 TEST_F(JobsTest, TheFiftyFirstSatelliteIsPassedOver) {
     std::string text = "A\n";
     for (int i = 0; i < 52; ++i) text += "ISS (ZARYA);\n";

@@ -80,6 +80,24 @@ TEST_F(SortResultsTest, WhatTheUserDoesMeanwhileTakesEffect) {
     EXPECT_TRUE(form.LISTpasses.isVisible);
 }
 
+TEST_F(SortResultsTest, ASortInsideTheSortEndsInOrder) {
+    for (const char* name : {"c", "b", "a"}) {
+        add(name, std::string("0") + static_cast<char>(name[0] - 'a' + '1') + " MAY", "00:00:00");
+    }
+    bool isInside = false;
+    fakes.events.onYield = [&] {
+        if (isInside || fakes.events.yields != 3) return;
+        isInside = true;
+        BUTsortChron_Click(form, state, services);
+        EXPECT_EQ(order(), "abc");
+        EXPECT_TRUE(form.LISTpasses.isVisible) << "the inner one shows the list";
+    };
+    BUTsortChron_Click(form, state, services);
+    EXPECT_TRUE(isInside);
+    EXPECT_EQ(order(), "abc");
+    EXPECT_TRUE(form.LISTpasses.isVisible);
+}
+
 TEST_F(SortResultsTest, LeavesWithTheViewAndShowsTheListAfterAFailure) {
     for (const char* name : {"b", "a"}) add(name, "01 MAY", "00:00:00");
     fakes.events.onYield = [&] { state.MainTag = "menu"; };
