@@ -28,6 +28,11 @@ inline constexpr std::string_view lineEnd = "\r\n";
 /// Where a file of the program folder lies.
 std::filesystem::path dataFile(const ProgramState& state, std::string_view bareName);
 
+/// Rewrites a list of the user. One that is there and could not be read is left alone; one that was written
+/// is read. Throws FileError; the file is then as it was.
+void replaceList(const ProgramState& state, std::string_view bareName, std::string_view content,
+                 bool& isUnread);
+
 /// `count` characters from a column that counts from 1; fewer, or none, where the text ends before. Throws
 /// std::invalid_argument for a negative count.
 std::string_view columnsFrom(std::string_view text, std::size_t first, std::ptrdiff_t count);

@@ -173,10 +173,6 @@ std::int32_t elementEpochYear(std::string_view line1) {
     return 2000 + toInteger32(numberValue(year));
 }
 
-std::int32_t elementAgeDays(std::string_view line1, std::string_view todayMonthDayYear) {
-    return DayOfYear(todayMonthDayYear) - elementEpochDay(line1);
-}
-
 void FixGPSKeps(ProgramState& state, Services& services) {
     ErrorLabel label(services, labels::mainFixGpsKeps);
     const std::filesystem::path file = dataFile(state, gpsFile);

@@ -40,10 +40,6 @@ std::int32_t elementEpochDay(std::string_view line1);
 /// 2000 and the two digits of the epoch in a line 1. Throws std::invalid_argument where there are none.
 std::int32_t elementEpochYear(std::string_view line1);
 
-/// Days from the epoch in a line 1 to the day "MM-DD-YYYY", both counted in one year whatever their years
-/// are; negative where the epoch is the later one. Throws as `elementEpochDay` does.
-std::int32_t elementAgeDays(std::string_view line1, std::string_view todayMonthDayYear);
-
 /// Makes the names of gps-ops.txt short: "GPS BIIA-10 (PRN 32)" becomes "GPS PRN 32". The first "GPS " line
 /// without "(PRN" ends it all, the file as it was: so it works once. Lines that are no such names pass.
 void FixGPSKeps(ProgramState& state, Services& services);

@@ -10,7 +10,6 @@
 #include "orbit/elements/element_catalogue.h"
 #include "orbit/engine_access.h"
 #include "orbit/orbit_engine.h"
-#include "platform/file_replacement.h"
 #include "platform/text_file.h"
 
 namespace vantrace {
@@ -39,10 +38,14 @@ FavouriteLines readFavouriteLines(const ProgramState& state) {
 }
 
 void LoadFavourites(ProgramState& state) {
+    state.FavouritesUnread = true;
     const FavouriteLines lines = readFavouriteLines(state);
+    state.FavouritesUnread = false;
     std::size_t index = 1;
     for (const std::string& name : lines.qualifying) {
+        // Past the end the table throws; what it has counts all the same.
         state.Favourites[index].Name = name;
+        state.FavouriteCount = static_cast<std::int16_t>(index);
         ++index;
     }
     state.FavouriteCount = static_cast<std::int16_t>(index - 1);
@@ -64,7 +67,7 @@ void SaveFavourites(ProgramState& state) {
         text += lineEnd;
         ++written;
     }
-    replaceFile(dataFile(state, favouritesFile), text);
+    replaceList(state, favouritesFile, text, state.FavouritesUnread);
     state.FavouriteCount = written;
 }
 

@@ -23,11 +23,12 @@ FavouriteLines readFavouriteLines(const ProgramState& state);
 
 /// Fills `Favourites` with the qualifying lines of faves.dat, then saves them: names that no element file
 /// holds any more leave the file. Throws FileError, EngineError, and std::out_of_range for more than 500
-/// qualifying lines; the file is then as it was.
+/// qualifying lines, of which 500 count; the file is then as it was.
 void LoadFavourites(ProgramState& state);
 
 /// Rewrites faves.dat with the entries 1 to 499 whose name isn't blank and counts them in `FavouriteCount`. A
-/// 500th entry lives in memory only. Throws FileError; the file is then as it was.
+/// 500th entry lives in memory only. Throws FileError, also for a file that could not be read; the file is
+/// then as it was.
 void SaveFavourites(ProgramState& state);
 
 /// Whether a name is a favourite, to the letter.

@@ -8,23 +8,26 @@
 #include "catalogue/data_files.h"
 #include "core/program_state.h"
 #include "core/texts.h"
-#include "platform/file_replacement.h"
 #include "platform/text_file.h"
 
 namespace vantrace {
 
 void LoadGroups(ProgramState& state) {
     constexpr std::size_t lastCleared = 20;
+    state.GroupsUnread = true;
     const std::string text = readTextFile(dataFile(state, groupsFile), listLimitBytes);
+    state.GroupsUnread = false;
     std::size_t index = 1;
     for (const std::string_view line : splitLines(text)) {
         if (trimmed(line).empty()) {
             break;
         }
+        // Past the end the table throws; what it has counts all the same.
         GroupRecord& group = state.Groups[index];
         group.Name = GetDelimitedWord(line, 1, ",");
         group.Url = trimmed(GetDelimitedWord(line, 2, ","));
         group.Flag = line.back();
+        state.GroupCount = static_cast<std::int16_t>(index);
         ++index;
     }
     state.GroupCount = static_cast<std::int16_t>(index - 1);
@@ -33,7 +36,7 @@ void LoadGroups(ProgramState& state) {
     }
 }
 
-void SaveGroups(const ProgramState& state) {
+void SaveGroups(ProgramState& state) {
     std::string text;
     for (std::int16_t index = 1; index <= state.GroupCount; ++index) {
         const GroupRecord& group = state.Groups[index];
@@ -43,7 +46,7 @@ void SaveGroups(const ProgramState& state) {
         text += group.Name + "," + group.Url + "," + group.Flag;
         text += lineEnd;
     }
-    replaceFile(dataFile(state, groupsFile), text);
+    replaceList(state, groupsFile, text, state.GroupsUnread);
 }
 
 }  // namespace vantrace

@@ -10,7 +10,6 @@
 #include "core/numbers.h"
 #include "core/program_state.h"
 #include "core/texts.h"
-#include "platform/file_replacement.h"
 #include "platform/text_file.h"
 
 namespace vantrace {
@@ -41,7 +40,9 @@ LocationRecord locationOf(std::string_view line, const MachineFormat& format) {
 }  // namespace
 
 std::vector<std::string> LoadLocations(ProgramState& state, const MachineFormat& format) {
+    state.LocationsUnread = true;
     const std::string text = readTextFile(dataFile(state, locationsFile), listLimitBytes);
+    state.LocationsUnread = false;
     std::vector<std::string> skipped;
     std::size_t index = 1;
     for (const std::string_view line : splitLines(text)) {
@@ -62,7 +63,7 @@ std::vector<std::string> LoadLocations(ProgramState& state, const MachineFormat&
     return skipped;
 }
 
-void SaveLocations(const ProgramState& state) {
+void SaveLocations(ProgramState& state) {
     std::string text;
     std::size_t index = 1;
     for (; index <= state.Locations.bound && !state.Locations[index].Name.empty(); ++index) {
@@ -76,7 +77,7 @@ void SaveLocations(const ProgramState& state) {
                 std::to_string(location.Height);
         text += lineEnd;
     }
-    replaceFile(dataFile(state, locationsFile), text);
+    replaceList(state, locationsFile, text, state.LocationsUnread);
     if (index > state.Locations.bound) {
         throw std::out_of_range("locations: no entry without a name ends the table of " +
                                 std::to_string(state.Locations.bound));

@@ -18,8 +18,8 @@ struct ProgramState;
 std::vector<std::string> LoadLocations(ProgramState& state, const MachineFormat& format);
 
 /// Rewrites locations.dat, up to the first entry without a name; names of blanks only are left out. A table
-/// that is full to its end throws std::out_of_range after the file has been written. Throws FileError; the
-/// file is then as it was.
-void SaveLocations(const ProgramState& state);
+/// that is full to its end throws std::out_of_range after the file has been written. Throws FileError, also
+/// for a file that could not be read; the file is then as it was.
+void SaveLocations(ProgramState& state);
 
 }  // namespace vantrace

@@ -78,11 +78,15 @@ struct ProgramState {
     /// The satellites followed, and how many.
     Table<FavouriteRecord, 500> Favourites;
     std::int16_t FavouriteCount = 0;
+    /// Whether its file could not be read, so that the table must not take the file's place. Likewise below.
+    bool FavouritesUnread = false;
     /// The element files, and how many.
     Table<GroupRecord, 40> Groups;
     std::int16_t GroupCount = 0;
+    bool GroupsUnread = false;
     /// The places; the first blank name ends them.
     Table<LocationRecord, 150> Locations;
+    bool LocationsUnread = false;
 
     /// The selected satellite: its index in Favourites, 0 for none, and its name. Who selects writes both;
     /// the name is what is calculated, the index what is marked in lists.

@@ -1,17 +1,15 @@
 // Every setting of the program, with its default.
 #pragma once
 
-#include <array>
 #include <string>
 #include <string_view>
 
 namespace vantrace {
 
 struct Setting {
+    /// The store takes letters of both cases for the same.
     std::string_view key;
     std::string_view defaultValue;
-    /// The second spelling in use, where there is one; the store takes both for the same key.
-    std::string_view otherSpelling = {};
     /// The default is the program folder instead.
     bool defaultIsAppPath = false;
 };
@@ -20,7 +18,7 @@ namespace settings {
 
 inline constexpr Setting threeDFontSize{"3DFontSize", "20"};
 /// "1": the alternative world picture is the whole-world view.
-inline constexpr Setting altWorld{"Altworld", "0", "AltWorld"};
+inline constexpr Setting altWorld{"Altworld", "0"};
 /// "1": the display mode is switched at start and end.
 inline constexpr Setting changeRes{"ChangeRes", "0"};
 /// "1": no blended drawing.
@@ -35,7 +33,7 @@ inline constexpr Setting latitude{"Latitude", "0"};
 inline constexpr Setting locationName{"Location Name", "Default"};
 inline constexpr Setting longitude{"Longitude", "0"};
 /// The pictures of the horizon and of the map.
-inline constexpr Setting horizonFile{"HorizonFile", "hdefault", "HorizonFIle"};
+inline constexpr Setting horizonFile{"HorizonFile", "hdefault"};
 inline constexpr Setting mapFile{"MapFile", "Default"};
 /// Seconds between two frames of the map.
 inline constexpr Setting mapUpdate{"MapUpdate", "2"};
@@ -56,8 +54,10 @@ inline constexpr Setting showGroundtrack{"ShowGroundtrack", "1"};
 inline constexpr Setting showInfoPane{"ShowInfoPane", "1"};
 /// "1": windows have a skin.
 inline constexpr Setting skin{"Skin", "1"};
+/// "1": the user wants to hear the program, as he said last on the map; nobody reads it.
+inline constexpr Setting speech{"Speech", "0"};
 /// Anything but "0": the program speaks, with this speed and voice.
-inline constexpr Setting speechpack{"Speechpack", "0", "SpeechPack"};
+inline constexpr Setting speechpack{"Speechpack", "0"};
 inline constexpr Setting speechSpeed{"SpeechSpeed", "180"};
 inline constexpr Setting voice{"Voice", "1"};
 /// Left, top, width and height of the map and the horizon window.
@@ -68,45 +68,8 @@ inline constexpr Setting winPosH{"WinPosH", "7920"};
 /// Least elevation, degrees, of a pass that is recorded or listed.
 inline constexpr Setting wxEl{"WxEL", "0"};
 /// The folder of the recordings.
-inline constexpr Setting wxWavDir{"WxWavDir", "", {}, true};
+inline constexpr Setting wxWavDir{"WxWavDir", "", true};
 
 }  // namespace settings
-
-inline constexpr std::array settingsTable{
-    settings::threeDFontSize,
-    settings::altWorld,
-    settings::changeRes,
-    settings::compatibility,
-    settings::dms,
-    settings::groundTrackLen,
-    settings::hasl,
-    settings::horizonFile,
-    settings::latitude,
-    settings::locationName,
-    settings::longitude,
-    settings::mapFile,
-    settings::mapUpdate,
-    settings::proxyOn,
-    settings::proxyHost,
-    settings::proxyPortForFlares,
-    settings::proxyPortForUpdates,
-    settings::proxyUser,
-    settings::proxyPass,
-    settings::recPrimary,
-    settings::recWxsat,
-    settings::showFootprints,
-    settings::showGroundtrack,
-    settings::showInfoPane,
-    settings::skin,
-    settings::speechpack,
-    settings::speechSpeed,
-    settings::voice,
-    settings::winPosX,
-    settings::winPosY,
-    settings::winPosW,
-    settings::winPosH,
-    settings::wxEl,
-    settings::wxWavDir,
-};
 
 }  // namespace vantrace

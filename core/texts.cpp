@@ -16,9 +16,41 @@ constexpr char upper(char sign) {
     return sign >= 'a' && sign <= 'z' ? static_cast<char>(sign - 'a' + 'A') : sign;
 }
 
-bool startsCharacter(char byte) {
-    return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U;
+/// How many bytes the character of UTF-8 has that the text, which isn't empty, starts with; 0 where it starts
+/// with none. The ranges are those of RFC 3629, section 4.
+std::size_t characterLength(std::string_view text) {
+    const auto isIn = [text](std::size_t at, unsigned char first, unsigned char last) {
+        if (at >= text.size()) return false;
+        const auto byte = static_cast<unsigned char>(text[at]);
+        return byte >= first && byte <= last;
+    };
+    if (isIn(0, 0x00, 0x7F)) return 1;
+    if (isIn(0, 0xC2, 0xDF)) return isIn(1, 0x80, 0xBF) ? 2 : 0;
+    const bool isOfThree = (isIn(0, 0xE0, 0xE0) && isIn(1, 0xA0, 0xBF)) ||
+                           (isIn(0, 0xED, 0xED) && isIn(1, 0x80, 0x9F)) ||
+                           (isIn(0, 0xE1, 0xEF) && !isIn(0, 0xED, 0xED) && isIn(1, 0x80, 0xBF));
+    if (isOfThree) return isIn(2, 0x80, 0xBF) ? 3 : 0;
+    const bool isOfFour = (isIn(0, 0xF0, 0xF0) && isIn(1, 0x90, 0xBF)) ||
+                          (isIn(0, 0xF1, 0xF3) && isIn(1, 0x80, 0xBF)) ||
+                          (isIn(0, 0xF4, 0xF4) && isIn(1, 0x80, 0x8F));
+    return isOfFour && isIn(2, 0x80, 0xBF) && isIn(3, 0x80, 0xBF) ? 4 : 0;
 }
+
+bool isUtf8(std::string_view text) {
+    while (!text.empty()) {
+        const std::size_t length = characterLength(text);
+        if (length == 0) return false;
+        text.remove_prefix(length);
+    }
+    return true;
+}
+
+/// What Windows-1252 has at 0x80 to 0x9F; the five that it leaves out are unknown characters.
+constexpr std::array<std::string_view, 32> windowsSigns{
+    "\u20AC", "\uFFFD", "\u201A", "\u0192", "\u201E", "\u2026", "\u2020", "\u2021",
+    "\u02C6", "\u2030", "\u0160", "\u2039", "\u0152", "\uFFFD", "\u017D", "\uFFFD",
+    "\uFFFD", "\u2018", "\u2019", "\u201C", "\u201D", "\u2022", "\u2013", "\u2014",
+    "\u02DC", "\u2122", "\u0161", "\u203A", "\u0153", "\uFFFD", "\u017E", "\u0178"};
 
 }  // namespace
 
@@ -54,12 +86,29 @@ std::string TimeText(int hour, int minute, int second) {
 
 std::string FixedWidth(std::string_view Text, std::size_t Width) {
     std::size_t characters = 0;
-    for (std::size_t i = 0; i < Text.size(); ++i) {
-        if (!startsCharacter(Text[i])) continue;
+    for (std::size_t i = 0; i < Text.size(); ++characters) {
         if (characters == Width) return std::string(Text.substr(0, i));
-        ++characters;
+        i += std::max(characterLength(Text.substr(i)), std::size_t{1});
     }
     return std::string(Text) + std::string(Width - characters, ' ');
+}
+
+std::string asUtf8(std::string_view text) {
+    if (isUtf8(text)) return std::string(text);
+    std::string result;
+    result.reserve(text.size());
+    for (const char sign : text) {
+        const auto byte = static_cast<unsigned char>(sign);
+        if (byte < 0x80) {
+            result += sign;
+        } else if (byte < 0xA0) {
+            result += windowsSigns.at(byte - std::size_t{0x80});
+        } else {
+            result += byte < 0xC0 ? '\xC2' : '\xC3';
+            result += static_cast<char>(0x80U | (byte & 0x3FU));
+        }
+    }
+    return result;
 }
 
 std::string_view trimmed(std::string_view text) {

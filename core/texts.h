@@ -21,8 +21,12 @@ std::string MonthDayText(int day, int month);
 /// "hh:mm:ss". Parts beyond their ranges are carried, and whole days dropped.
 std::string TimeText(int hour, int minute, int second);
 
-/// The text cut or filled up with blanks to so many characters of UTF-8.
+/// The text cut or filled up with blanks to so many characters of UTF-8. A byte that belongs to none counts
+/// as one.
 std::string FixedWidth(std::string_view Text, std::size_t Width);
+
+/// A text that is UTF-8 as it stands; any other is taken for Windows-1252, as old pages and files come.
+std::string asUtf8(std::string_view text);
 
 /// Without the blanks at both ends. A view into the text.
 std::string_view trimmed(std::string_view text);

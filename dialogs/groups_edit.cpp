@@ -61,7 +61,7 @@ void deleteSelectedGroup(GroupsForm& form, ProgramState& state) {
 void BUTaddCelestrak_Click(GroupsForm& form, ProgramState& state, Services& services) {
     ErrorLabel label(services, labels::groupsCONBUTaddCelestrak);
     label.step([&] {
-        const PickList& box = form.COMCelestrak;
+        const DropDown& box = form.COMCelestrak;
         if (box.text.find("Select") != std::string::npos) {
             services.dialogs.message("Select a group first, then click this button");
             return;

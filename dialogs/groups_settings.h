@@ -7,8 +7,8 @@
 #include <string>
 #include <string_view>
 
+#include "core/lists.h"
 #include "core/skin.h"
-#include "dialogs/lists.h"
 
 namespace vantrace {
 
@@ -31,7 +31,7 @@ struct GroupsForm {
     TickList SatelliteList;
     /// What is known about the selected satellite.
     std::string Details = "No Information.";
-    PickList COMCelestrak{"Select a Celestrak Group", {}, noEntry};
+    DropDown COMCelestrak{"Select a Celestrak Group", {}};
     /// Whether a tick is the user's own, and so changes the favourites.
     bool UserIsChecking = false;
     /// Whether the warning about the three-dimensional view was given.

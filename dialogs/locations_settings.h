@@ -4,8 +4,8 @@
 
 #include <cstddef>
 
+#include "core/lists.h"
 #include "core/skin.h"
-#include "dialogs/lists.h"
 
 namespace vantrace {
 

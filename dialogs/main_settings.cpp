@@ -50,13 +50,9 @@ void loadPlace(MainSettingsForm& form, Services& services) {
     form.Theight = GetConfig(services, settings::hasl);
 }
 
-void fillVoices(MainSettingsForm& form, Services& services) {
-    form.VoiceSelect.list = services.speech.voices();
-}
-
 /// Selects none where none was chosen (0) or the machine has none; a voice that is gone is an error.
 void loadVoices(MainSettingsForm& form, Services& services) {
-    fillVoices(form, services);
+    form.VoiceSelect.list = services.speech.voices();
     const int number = toInteger16(numberValue(GetConfig(services, settings::voice)));
     if (number <= 0 || form.VoiceSelect.list.empty()) return;
     form.VoiceSelect.select(static_cast<std::size_t>(number - 1));
@@ -151,20 +147,9 @@ void CHcomp_Click(MainSettingsForm& form, ProgramState& state, Services& service
 
 void CHspeechpack_Click(MainSettingsForm& form, Services& services) {
     ErrorLabel label(services, {});
-    label.quietStep([&] {
-        saveTick(services, settings::speechpack, form.CHspeechpack);
-        // A ticked box has the value 1 and true is -1, so that this never runs: the voices come with the
-        // next opening.
-        constexpr int trueValue = -1;
-        const int boxValue = form.CHspeechpack ? 1 : 0;
-        if (boxValue != trueValue) return;
-        fillVoices(form, services);
-        if (form.VoiceSelect.list.empty()) {
-            services.dialogs.message("No Speech Engines Found");
-        } else {
-            form.VoiceSelect.select(static_cast<std::size_t>(services.speech.voice() - 1));
-        }
-    });
+    // The voices come with the next opening: their list was meant for a box whose value is true, -1, and that
+    // of a ticked one is 1.
+    label.quietStep([&] { saveTick(services, settings::speechpack, form.CHspeechpack); });
 }
 
 void CHskin_Click(MainSettingsForm& form, Services& services) {

@@ -3,8 +3,8 @@
 
 #include <string>
 
+#include "core/lists.h"
 #include "core/skin.h"
-#include "dialogs/lists.h"
 #include "dialogs/setting_values.h"
 
 namespace vantrace {
@@ -35,7 +35,7 @@ struct MainSettingsForm {
     bool OPnonDecDeg = false;
 
     bool CHspeechpack = false;
-    PickList VoiceSelect;
+    DropDown VoiceSelect;
     int SLspeechspeed = 180;
     std::string LAspeechspeed;
     /// The tip of the slider.

@@ -39,17 +39,35 @@ void savePlace(const MainSettingsForm& form, Services& services) {
     SaveConfig(services, settings::longitude, joined(form.Tlondeg, form.Tlonmin, form.Tlonsec, services));
 }
 
-void tellObserver(const MainSettingsForm& form, ProgramState& state, Services& services) {
+/// Whether three boxes tell what the one box does.
+bool tellTheSame(const std::string& decimal, const std::string& deg, const std::string& min,
+                 const std::string& sec, const Services& services) {
+    double degrees = 0;
+    double minutes = 0;
+    double seconds = 0;
+    DecimalToDMS(typedValue(decimal, services), degrees, minutes, seconds);
+    return typedValue(deg, services) == degrees && typedValue(min, services) == minutes &&
+           typedValue(sec, services) == seconds;
+}
+
+/// Whether the place that the program goes on with, that of the two boxes, is the one that is stored.
+bool isStoredPlace(const MainSettingsForm& form, const Services& services) {
+    return form.OPdecDeg ||
+           (tellTheSame(form.Tlatitude, form.Tlatdeg, form.Tlatmin, form.Tlatsec, services) &&
+            tellTheSame(form.Tlongitude, form.Tlondeg, form.Tlonmin, form.Tlonsec, services));
+}
+
+void tellObserver(const MainSettingsForm& form, ProgramState& state, Services& services, ErrorLabel& label) {
     state.ObserverLongitude = typedValue(form.Tlongitude, services);
     state.ObserverLatitude = typedValue(form.Tlatitude, services);
     state.ObserverHeight = typedValue(form.Theight, services);
-    // The panel of `Main` would tell the new place by the old name otherwise. A place of the six boxes comes
-    // with the next start, and its name with it.
-    if (form.OPdecDeg) state.ObserverName = GetConfig(services, settings::locationName);
+    // The panel of `Main` would tell the new place by the old name otherwise. A place that was typed into the
+    // six boxes comes later, and its name with it.
+    if (isStoredPlace(form, services)) state.ObserverName = GetConfig(services, settings::locationName);
     if (!state.OrbitEngine) return;
-    state.OrbitEngine->EngineSetLatitude(state.ObserverLatitude);
-    state.OrbitEngine->EngineSetLongitude(360 - state.ObserverLongitude);
-    state.OrbitEngine->EngineSetHeight(state.ObserverHeight);
+    label.step([&] { state.OrbitEngine->EngineSetLatitude(state.ObserverLatitude); });
+    label.step([&] { state.OrbitEngine->EngineSetLongitude(360 - state.ObserverLongitude); });
+    label.step([&] { state.OrbitEngine->EngineSetHeight(state.ObserverHeight); });
 }
 
 }  // namespace
@@ -76,13 +94,12 @@ bool Form_QueryUnload(MainSettingsForm& form, Services& services) {
 
 void Form_Unload(MainSettingsForm& form, ProgramState& state, Services& services) {
     ErrorLabel label(services, labels::mainCONUnload);
-    label.step([&] {
-        const SettingsBatch batch(services.settings);
-        SaveConfig(services, settings::wxWavDir, form.LAWxWavDir);
-        savePlace(form, services);
-        tellObserver(form, state, services);
-        SaveConfig(services, settings::voice, std::to_string(form.VoiceSelect.selected + 1));
-    });
+    const SettingsBatch batch(services.settings);
+    label.step([&] { SaveConfig(services, settings::wxWavDir, form.LAWxWavDir); });
+    label.step([&] { savePlace(form, services); });
+    // The text lets pass latitudes that the engine refuses.
+    label.step([&] { tellObserver(form, state, services, label); });
+    label.step([&] { SaveConfig(services, settings::voice, std::to_string(form.VoiceSelect.selected + 1)); });
 }
 
 }  // namespace vantrace

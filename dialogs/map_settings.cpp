@@ -43,7 +43,7 @@ void showMapUpdate(MapSettingsForm& form) {
     form.LABmapUpdate = std::to_string(form.SLMapUpdate) + " Seconds";
 }
 
-void loadPictures(PickList& list, const Setting& setting, const ProgramState& state, Services& services,
+void loadPictures(DropDown& list, const Setting& setting, const ProgramState& state, Services& services,
                   ErrorLabel& label) {
     label.step([&] { list.list = pictureNames(state.AppPath); });
     list.text = GetConfig(services, setting);

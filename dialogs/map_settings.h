@@ -3,8 +3,8 @@
 
 #include <string>
 
+#include "core/lists.h"
 #include "core/skin.h"
-#include "dialogs/lists.h"
 #include "dialogs/setting_values.h"
 
 namespace vantrace {
@@ -27,8 +27,8 @@ struct MapSettingsForm {
     bool CHaltworld = false;
     bool CHshowinfopane = false;
     /// Pictures of the program folder, without their ".jpg".
-    PickList COMmap;
-    PickList COMhormap;
+    DropDown COMmap;
+    DropDown COMhormap;
     Skin skin;
 };
 

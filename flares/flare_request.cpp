@@ -5,6 +5,7 @@
 #include "core/numbers.h"
 #include "core/program_state.h"
 #include "core/services.h"
+#include "core/texts.h"
 #include "platform/text_file.h"
 
 namespace vantrace {
@@ -45,7 +46,7 @@ std::string readFlarePage(const std::string& file) {
     for (LineReader lines(content); !lines.atEnd();) page += lines.next();
     // A carriage return alone ends a line, too; a date with one inside would be none.
     std::erase(page, '\r');
-    return page;
+    return asUtf8(page);
 }
 
 }  // namespace vantrace

@@ -25,7 +25,8 @@ std::string flareUrl(const ProgramState& state);
 /// Fetches an address into a file, by way of the proxy of the settings where "ProxyON" is "1".
 std::optional<FetchError> fetchFlares(Services& services, const std::string& url, const std::string& file);
 
-/// The page in a file as one text without line ends, of which a lone CR is one. Throws FileError.
+/// The page in a file as one text of UTF-8 (see asUtf8) without line ends, of which a lone CR is one. Throws
+/// FileError.
 std::string readFlarePage(const std::string& file);
 
 }  // namespace vantrace

@@ -44,10 +44,11 @@ class Retrieval {
 
 void retrieve(IridiumFlaresForm& form, const ProgramState& state, Services& services) {
     form.Label1 = connectingCaption;
+    form.isComplete = false;
     form.LSTflares.clear();
     services.events.yield();
-    // Closed meanwhile: nobody waits for the flares.
-    if (form.isUnloaded) return;
+    // Closed meanwhile, or with all windows at the end of the program: nobody waits for the flares.
+    if (form.isUnloaded || state.MainTag == "exit") return;
 
     const std::string page = dataFile(state, flaresScratchFile).string();
     if (const auto failure = fetchFlares(services, flareUrl(state), page)) {
@@ -59,6 +60,7 @@ void retrieve(IridiumFlaresForm& form, const ProgramState& state, Services& serv
     readFlareTable(form.txtHTML, services.clock, form.LSTflares);
     form.Label1 = completeCaption;
     saveFlares(dataFile(state, flaresFile), form.LSTflares);
+    form.isComplete = true;
 
     std::error_code ignored;
     std::filesystem::remove(page, ignored);

@@ -17,6 +17,8 @@ struct IridiumFlaresForm {
     RichText Printed;
     /// A retrieval is on the stack; meanwhile no other one starts.
     bool isRetrieving = false;
+    /// The last retrieval went well: an empty list means that there are no flares.
+    bool isComplete = false;
     /// The window has gone; a retrieval that is on the stack still fetches nothing any more.
     bool isUnloaded = false;
     Skin skin;

@@ -18,6 +18,7 @@
 #include "core/labels.h"
 #include "core/program_state.h"
 #include "core/services.h"
+#include "internet/element_server/part_file.h"
 #include "internet/updates_form.h"
 #include "platform/file_descriptor.h"
 #include "platform/file_replacement.h"
@@ -27,7 +28,6 @@ namespace vantrace {
 
 namespace {
 
-constexpr std::string_view scratchFile = "keps.tmp";
 constexpr std::string_view scheme = "http://";
 constexpr std::string_view byHand = "1";
 
@@ -167,7 +167,7 @@ void BUTupdateKeps_Click(UpdatesForm& form, ProgramState& state, Services& servi
 
 std::string CheckKepFile(ProgramState& state, Services& services, const std::string& file) {
     ErrorLabel label(services, labels::updateCONCheckKepFile);
-    const std::filesystem::path scratch = dataFile(state, scratchFile);
+    const std::filesystem::path scratch = dataFile(state, mendedElementsFile);
     MendedText mendedFile;
     std::optional<Replacement> replacement;
     label.step([&] {

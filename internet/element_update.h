@@ -11,8 +11,8 @@ struct UpdatesForm;
 
 /// Fetches the file of every group whose flag isn't "1" into the program folder, under the name behind the
 /// last "/" of its address, mends it by `CheckKepFile` and tells its size. What fails is shown in a message,
-/// and the next step follows. Yields twice for each group's sake; ends without a report when the window goes
-/// meanwhile.
+/// and the next step follows. Yields at the start and once for each group; ends without a report when the
+/// window goes meanwhile.
 void BUTupdateKeps_Click(UpdatesForm& form, ProgramState& state, Services& services);
 
 /// Gives every line a CR LF at its end, and every one that begins with "1 " or "2 " and hasn't 69 characters

@@ -63,7 +63,7 @@ void runMapEntry(std::string_view entry, WorldMap& world) {
     if (entry == "MrecordONoff") toggle(services, form.MrecordONoff, settings::recWxsat.key);
     if (entry == "MrecordONoffP") toggle(services, form.MrecordONoffP, settings::recPrimary.key);
     if (entry == "MspeechONoff") {
-        toggle(services, form.MspeechONoff, "Speech");
+        toggle(services, form.MspeechONoff, settings::speech.key);
         world.state.SpeechEnabled = form.MspeechONoff.isChecked;
     }
     if (entry == "mnuHorizon") switchTo(world, "Horizon", "Horizon");

@@ -140,9 +140,9 @@ ResultRow rowOf(std::string_view satellite, const PassOfDay& pass, const Sight& 
 }
 
 void askForSelection(PassPredictionForm& form) {
-    form.Groupname.text = "Select Satellite Group";
-    form.SatelliteName.text = "Select a Satellite";
-    form.FavouriteName.text = "Select a Favourite";
+    form.Groupname.show("Select Satellite Group");
+    form.SatelliteName.show("Select a Satellite");
+    form.FavouriteName.show("Select a Favourite");
 }
 
 }  // namespace

@@ -3,7 +3,7 @@
 
 #include <string_view>
 
-#include "passes/lists.h"
+#include "core/lists.h"
 
 namespace vantrace {
 

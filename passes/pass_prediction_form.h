@@ -4,9 +4,9 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "core/lists.h"
 #include "core/rich_text.h"
 #include "core/skin.h"
-#include "passes/lists.h"
 #include "passes/result_list.h"
 
 namespace vantrace {
@@ -42,7 +42,7 @@ struct PassPredictionForm {
     RichText Printed;
 
     /// The names of the jobs.
-    ListBox ListPresets;
+    NameList ListPresets;
     Skin skin;
 };
 

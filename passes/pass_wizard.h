@@ -4,8 +4,8 @@
 #include <optional>
 #include <string>
 
+#include "core/lists.h"
 #include "core/skin.h"
-#include "passes/lists.h"
 #include "passes/pass_windows.h"
 
 namespace vantrace {
@@ -21,7 +21,7 @@ struct PassWizardForm {
     std::string Tnumofdays;
     bool CHsave = false;
     bool CHprint = false;
-    ListBox SatList;
+    NameList SatList;
     /// From which a satellite is chosen.
     DropDown COMgroup{"Select a Group", {}};
     DropDown COMsatname{"Select a Satellite", {}};

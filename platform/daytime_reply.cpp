@@ -118,8 +118,10 @@ struct Parts {
 
 std::optional<DaytimeReply> plainReplyOf(const Parts& parts) {
     constexpr milliseconds unknownFraction{500};
-    const year_month_day date{year{parts.year}, month{static_cast<unsigned>(std::max(parts.month, 0))},
-                              day{static_cast<unsigned>(std::max(parts.day, 0))}};
+    // The types of the calendar hold one byte and take 257 for January.
+    if (parts.month < 1 || parts.month > 12 || parts.day < 1 || parts.day > 31) return std::nullopt;
+    const year_month_day date{year{parts.year}, month{static_cast<unsigned>(parts.month)},
+                              day{static_cast<unsigned>(parts.day)}};
     const bool isGood = date.ok() && parts.year >= 2020 && parts.year <= 2099 && parts.hour >= 0 &&
                         parts.hour <= 23 && parts.minute >= 0 && parts.minute <= 59 && parts.second >= 0 &&
                         parts.second <= 60 && abs(parts.zone.value_or(0min)) <= hours{14};

@@ -7,6 +7,7 @@
 #include "catalogue/data_files.h"
 #include "flares/flare_file.h"
 #include "flares/iridium_flares.h"
+#include "platform/file_error.h"
 
 namespace vantrace {
 
@@ -23,12 +24,22 @@ constexpr std::array<Column, flareColumns> columns{{
     {"satellite", "satellite", Form::text},
 }};
 
-int runFlares(const CommandContext& context) {
-    FlareList list;
-    loadFlares(dataFile(context.program.state(), flaresFile), list);
+void writeRows(const CommandContext& context, const FlareList& list) {
     const std::unique_ptr<RowWriter> rows = context.rows(columns);
     for (const FlareRow& row : list) rows->add({row.texts.begin(), row.texts.end()});
     rows->finish();
+}
+
+int runFlares(const CommandContext& context) {
+    FlareList list;
+    try {
+        loadFlares(dataFile(context.program.state(), flaresFile), list);
+    } catch (const FileError&) {
+        // The rows in front of what is wrong are good.
+        if (!list.empty()) writeRows(context, list);
+        throw;
+    }
+    writeRows(context, list);
     return exit_status::good;
 }
 

@@ -1,6 +1,7 @@
 #include "app/pictures/map_picture.h"
 
 #include "app/arguments.h"
+#include "catalogue/data_files.h"
 #include "catalogue/locations.h"
 #include "core/config.h"
 #include "core/files.h"
@@ -25,7 +26,7 @@ void MapPicture::loadWorld() {
                            GetConfig(services, settings::mapFile) +
                            ".jpg can't be loaded; the ground stays black");
     }
-    const std::string locations = m_program.state().AppPath + "locations.dat";
+    const std::string locations = dataFile(m_program.state(), locationsFile).string();
     if (!FileExists(locations)) return;
     for (const std::string& line : LoadLocations(m_program.state(), services.format)) {
         m_program.complain(locations + ": passed over " + inQuotes(line));

@@ -6,6 +6,7 @@
 
 #include "app/arguments.h"
 #include "core/version.h"
+#include "platform/line_publisher.h"
 #include "platform/text_file.h"
 
 namespace vantrace {
@@ -19,8 +20,10 @@ constexpr std::array<std::string_view, 5> commandLineOnly{"data", "conf", "stop"
 std::vector<OptionSyntax> optionSyntax() {
     return {
         {"line", "PLACE",
-         "where the tracker tells its line: HOST:PORT, the path of a local socket, or \"local\" for the one "
-         "in $XDG_RUNTIME_DIR (else: 127.0.0.1:7867)"},
+         std::string("where the tracker tells its line: HOST:PORT, the path of a local socket, or ") +
+             "\"local\" for the one "
+             "in $XDG_RUNTIME_DIR (else: 127.0.0.1:" +
+             std::to_string(trackingLinePort) + ")"},
         {"rotator", "HOST:PORT", "the rotator's daemon, rotctld, or \"none\" (else: 127.0.0.1:4533)"},
         {"radio", "HOST:PORT",
          "the radio's daemon, rigctld, or \"none\" (else: 127.0.0.1:4532); it receives on its first VFO and, "
@@ -73,7 +76,7 @@ NetworkAddress lineAddress(const CommandLine& line, const NetworkAddress& usual)
     if (folder == nullptr || *folder != '/') {
         throw UserError("--line: \"local\" needs $XDG_RUNTIME_DIR, which isn't set");
     }
-    return {{}, 0, std::string(folder) + "/vantrace-tracking"};
+    return {{}, 0, std::string(folder) + "/" + std::string(trackingLineSocket)};
 }
 
 std::optional<std::pair<double, double>> pairOption(const CommandLine& line, std::string_view option,

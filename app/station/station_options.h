@@ -8,20 +8,26 @@
 #include <vector>
 
 #include "app/station/network_address.h"
+#include "platform/line_publisher.h"
 #include "platform/qt/command_line.h"
 #include "station/steering/steering.h"
 
 namespace vantrace {
 
 struct StationOptions {
-    NetworkAddress line{"127.0.0.1", 7867, {}};
+    NetworkAddress line{"127.0.0.1", trackingLinePort, {}};
     std::optional<NetworkAddress> rotator = NetworkAddress{"127.0.0.1", 4533, {}};
     std::optional<NetworkAddress> radio = NetworkAddress{"127.0.0.1", 4532, {}};
     /// A radio of its own for the uplink.
     std::optional<NetworkAddress> transmitter;
+    /// 0 to 45.
     double deadBandDeg = 2.0;
+    /// 0 to 1,000,000.
     double tuneStepHz = 10.0;
+    /// Names of 1 to 20 visible signs.
     RadioVfos vfos;
+    /// Azimuth limits of -720 to 1080 degrees, at least one degree apart; elevation limits of -90 to 180. The
+    /// place of rest lies within the same. 0 to 86,400 seconds of lead.
     SteeringOptions steering;
     /// Commands are printed instead of sent.
     bool isDry = false;

@@ -5,6 +5,7 @@
 #include <memory>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -31,22 +32,23 @@ namespace vantrace {
 namespace {
 
 /// Without these the program can't go on.
-constexpr std::array neededFiles = {"faves.dat", "groups.dat", "locations.dat", "satellite.dat", "pass.dat"};
+constexpr std::array<std::string_view, 5> neededFiles = {favouritesFile, groupsFile, locationsFile,
+                                                         satelliteFile, "pass.dat"};
 
 constexpr int missingFileStatus = 1;
 
 /// A list shorter than this many bytes is told to the user.
 struct ShortFile {
-    const char* name;
+    std::string_view name;
     std::uintmax_t leastBytes;
     const char* warning;
 };
 
 constexpr std::array shortFiles = {
-    ShortFile{"faves.dat", 5,
+    ShortFile{favouritesFile, 5,
               "There may be a problem with your FAVES.DAT file, it may be corrupt, or simply empty. If its "
               "empty ignore this."},
-    ShortFile{"groups.dat", 10, "There may be a problem with your GROUPS.DAT file"},
+    ShortFile{groupsFile, 10, "There may be a problem with your GROUPS.DAT file"},
 };
 
 int wholeNumberSetting(Services& services, const Setting& setting) {
@@ -66,15 +68,15 @@ double machineNumber(const std::string& text, const Services& services) {
 
 /// False when one was missing, and the process is at its end.
 bool checkDataFiles(const ProgramState& state, Services& services, ErrorLabel& label) {
-    for (const char* const name : neededFiles) {
-        if (FileExists(state.AppPath + name)) continue;
+    for (const std::string_view name : neededFiles) {
+        if (FileExists(dataFile(state, name))) continue;
         services.dialogs.message(std::string(name) + " is missing from the vantrace folder. Can't Continue");
         services.process.end(missingFileStatus);
         return false;
     }
     for (const ShortFile& file : shortFiles) {
         label.step([&] {
-            if (std::filesystem::file_size(state.AppPath + file.name) < file.leastBytes) {
+            if (std::filesystem::file_size(dataFile(state, file.name)) < file.leastBytes) {
                 services.dialogs.message(file.warning);
             }
         });

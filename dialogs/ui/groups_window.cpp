@@ -6,8 +6,9 @@
 #include "core/program_state.h"
 #include "core/services.h"
 #include "core/texts.h"
+#include "core/ui/list_controls.h"
 #include "core/ui/scrolled_contents.h"
-#include "dialogs/ui/list_controls.h"
+#include "dialogs/ui/setting_controls.h"
 #include "ui_frm_con_groups.h"
 
 namespace vantrace {
@@ -27,7 +28,7 @@ frmCONGroups::frmCONGroups(WindowHost& host, ProgramState& state, Services& serv
         std::make_unique<TickListControl>(*m_ui->SatelliteList, [this](std::size_t row, bool isTicked) {
             handle([&] { tickSatellite(m_form, m_state, m_services, row, isTicked); });
         });
-    m_publicFiles = std::make_unique<PickListControl>(*m_ui->COMCelestrak);
+    m_publicFiles = std::make_unique<DropDownControl>(*m_ui->COMCelestrak);
     m_ui->GroupList->setFocus();
     connectLists();
     onClick(m_ui->BUTaddCelestrak, BUTaddCelestrak_Click);
@@ -83,7 +84,9 @@ void frmCONGroups::writeControls() {
     m_groups->write(m_form.GroupList);
     m_satellites->write(m_form.SatelliteList);
     m_publicFiles->write(m_form.COMCelestrak);
-    setText(*m_ui->Details, replacedAll(m_form.Details, "\r\n", "\n"));
+    const std::string details = replacedAll(m_form.Details, "\r\n", "\n");
+    setText(*m_ui->Details, details);
+    nameWithText(*m_ui->Details, m_ui->frameDetails->title(), details);
     const bool isClickable = m_form.Details.starts_with("You can st");
     m_ui->Details->setCursor(isClickable ? Qt::PointingHandCursor : Qt::ArrowCursor);
     if (!std::exchange(m_isFitted, true)) growToContents(*this, *m_ui->centre);

@@ -15,7 +15,7 @@ class frmCONGroups;
 namespace vantrace {
 
 class NameListControl;
-class PickListControl;
+class DropDownControl;
 class TickListControl;
 
 class frmCONGroups final : public FormWindow {
@@ -44,7 +44,7 @@ class frmCONGroups final : public FormWindow {
     std::unique_ptr<Ui::frmCONGroups> m_ui;
     std::unique_ptr<NameListControl> m_groups;
     std::unique_ptr<TickListControl> m_satellites;
-    std::unique_ptr<PickListControl> m_publicFiles;
+    std::unique_ptr<DropDownControl> m_publicFiles;
     /// What `UserIsChecking` was before a key.
     bool m_wasChecking = false;
     bool m_isFitted = false;

@@ -4,7 +4,7 @@
 
 #include "core/program_state.h"
 #include "core/services.h"
-#include "dialogs/ui/list_controls.h"
+#include "core/ui/list_controls.h"
 #include "ui_frm_con_locations.h"
 
 namespace vantrace {

@@ -5,8 +5,8 @@
 
 #include "core/program_state.h"
 #include "core/services.h"
+#include "core/ui/list_controls.h"
 #include "core/ui/scrolled_contents.h"
-#include "dialogs/ui/list_controls.h"
 #include "dialogs/ui/setting_controls.h"
 #include "ui_frm_con_main.h"
 
@@ -25,7 +25,7 @@ frmCONmain::frmCONmain(WindowHost& host, ProgramState& state, Services& services
     closeOnEscape();
     setUpSlider(*m_ui->SLspeechspeed, speechSpeedRange, bigSpeedStep);
     setUpSlider(*m_ui->SLminEl, minElRange, bigElevationStep);
-    m_voices = std::make_unique<PickListControl>(*m_ui->VoiceSelect);
+    m_voices = std::make_unique<DropDownControl>(*m_ui->VoiceSelect);
     // The boxes below stay where they are, whichever of them are shown.
     QSizePolicy headingPolicy = m_ui->Label10->sizePolicy();
     headingPolicy.setRetainSizeWhenHidden(true);
@@ -128,6 +128,7 @@ void frmCONmain::writeControls() {
     writeSlider(*m_ui->SLminEl, m_form.SLminEl);
     setText(*m_ui->LAminEl, m_form.LAminEl);
     setLongText(*m_ui->LAWxWavDir, m_form.LAWxWavDir);
+    nameWithText(*m_ui->LAWxWavDir, m_ui->captionWavDir->text(), m_form.LAWxWavDir);
     m_ui->Chchangeres->setChecked(m_form.Chchangeres);
     m_ui->CHcomp->setChecked(m_form.CHcomp);
     m_ui->CHskin->setChecked(m_form.CHskin);

@@ -17,7 +17,7 @@ class frmCONmain;
 
 namespace vantrace {
 
-class PickListControl;
+class DropDownControl;
 
 class frmCONmain final : public FormWindow {
   public:
@@ -47,7 +47,7 @@ class frmCONmain final : public FormWindow {
     Services& m_services;
     MainSettingsForm m_form;
     std::unique_ptr<Ui::frmCONmain> m_ui;
-    std::unique_ptr<PickListControl> m_voices;
+    std::unique_ptr<DropDownControl> m_voices;
     bool m_isFitted = false;
 };
 

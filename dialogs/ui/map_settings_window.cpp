@@ -5,8 +5,8 @@
 
 #include "core/program_state.h"
 #include "core/services.h"
+#include "core/ui/list_controls.h"
 #include "core/ui/scrolled_contents.h"
-#include "dialogs/ui/list_controls.h"
 #include "dialogs/ui/setting_controls.h"
 #include "ui_frm_con_2d.h"
 
@@ -24,8 +24,8 @@ frmCON2D::frmCON2D(WindowHost& host, ProgramState& state, Services& services)
     closeOnEscape();
     setUpSlider(*m_ui->SLgroundTrackLen, groundTrackRange, bigStep);
     setUpSlider(*m_ui->SLMapUpdate, mapUpdateRange, bigStep);
-    m_maps = std::make_unique<PickListControl>(*m_ui->COMmap);
-    m_horizons = std::make_unique<PickListControl>(*m_ui->COMhormap);
+    m_maps = std::make_unique<DropDownControl>(*m_ui->COMmap);
+    m_horizons = std::make_unique<DropDownControl>(*m_ui->COMhormap);
     m_ui->SLgroundTrackLen->setFocus();
     onSlide(m_ui->SLgroundTrackLen, SLgroundTrackLen_Change);
     onSlide(m_ui->SLMapUpdate, SLMapUpdate_Change);

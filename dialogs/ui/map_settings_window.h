@@ -17,7 +17,7 @@ class frmCON2D;
 
 namespace vantrace {
 
-class PickListControl;
+class DropDownControl;
 
 class frmCON2D final : public FormWindow {
   public:
@@ -42,8 +42,8 @@ class frmCON2D final : public FormWindow {
     Services& m_services;
     MapSettingsForm m_form;
     std::unique_ptr<Ui::frmCON2D> m_ui;
-    std::unique_ptr<PickListControl> m_maps;
-    std::unique_ptr<PickListControl> m_horizons;
+    std::unique_ptr<DropDownControl> m_maps;
+    std::unique_ptr<DropDownControl> m_horizons;
     bool m_isFitted = false;
 };
 

@@ -6,6 +6,7 @@
 
 #include "core/ui/wheel_guard.h"
 #include "dialogs/setting_values.h"
+#include "platform/one_line.h"
 
 namespace vantrace {
 
@@ -15,7 +16,13 @@ void writeField(QLineEdit& field, const std::string& text) {
 }
 
 void readField(const QLineEdit& field, std::string& text) {
-    if (field.text() != QString::fromStdString(text)) text = field.text().toStdString();
+    const std::string typed = oneLine(field.text().toStdString());
+    if (QString::fromStdString(typed) != QString::fromStdString(text)) text = typed;
+}
+
+void nameWithText(QWidget& control, const QString& heading, const std::string& text) {
+    const QString name = heading + QStringLiteral(": ") + QString::fromStdString(text);
+    if (control.accessibleName() != name) control.setAccessibleName(name);
 }
 
 void setUpSlider(QSlider& slider, const SliderRange& range, int bigStep) {

@@ -5,6 +5,8 @@
 
 class QLineEdit;
 class QSlider;
+class QString;
+class QWidget;
 
 namespace vantrace {
 
@@ -12,8 +14,11 @@ struct SliderRange;
 
 /// Leaves the cursor of a field where it is, unless the text is another one.
 void writeField(QLineEdit& field, const std::string& text);
-/// A text that the field can't show to the last byte stays what it is until the user changes it.
+/// As one line. A text that the field can't show to the last byte stays what it is until the user changes it.
 void readField(const QLineEdit& field, std::string& text);
+
+/// What a screen reader calls a label: with the text that it shows, and with what that is.
+void nameWithText(QWidget& control, const QString& heading, const std::string& text);
 
 /// One step is a key, a big one is a click beside the handle. The wheel needs the focus. For each slider
 /// once.

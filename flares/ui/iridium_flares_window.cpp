@@ -36,6 +36,9 @@ constexpr std::array<const char*, flareColumns> widestTexts = {
 constexpr int firstNumberColumn = static_cast<int>(FlareColumn::Intensity);
 constexpr int lastNumberColumn = static_cast<int>(FlareColumn::MaxIntensity);
 
+constexpr const char* noFlaresText =
+    "The service tells of no flares that can be seen from your location in the coming seven days.";
+
 /// A cell of a page may be of any length; a list that paints megabytes stands still.
 std::string shownText(const std::string& text) {
     constexpr std::size_t longestShownBytes = 260;
@@ -74,6 +77,7 @@ void IridiumFlares::onClick(QAbstractButton* button, const std::function<void()>
 /// What is to be done stands where the rows will be.
 void IridiumFlares::layHintOverList() {
     auto* const place = new QVBoxLayout(m_ui->LSTflares->viewport());
+    m_whatToDo = m_ui->hint->text().toStdString();
     m_ui->hint->setAttribute(Qt::WA_TransparentForMouseEvents);
     place->addWidget(m_ui->hint);
 }
@@ -90,6 +94,7 @@ void IridiumFlares::writeControls() {
     apply(m_form.skin);
     writeRows();
     setText(*m_ui->Label1, m_form.Label1);
+    setText(*m_ui->hint, m_form.isComplete ? noFlaresText : m_whatToDo);
     m_ui->hint->setVisible(m_form.LSTflares.empty() && !m_form.isRetrieving);
     if (!std::exchange(m_isFitted, true)) fitContents();
 }

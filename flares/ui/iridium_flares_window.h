@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <memory>
+#include <string>
 
 #include "core/ui/form_window.h"
 #include "flares/iridium_flares_form.h"
@@ -42,6 +43,8 @@ class IridiumFlares final : public FormWindow {
     IridiumFlaresForm m_form;
     std::unique_ptr<Ui::IridiumFlares> m_ui;
     RowModel* m_rows;
+    /// The hint for a list that has never been filled.
+    std::string m_whatToDo;
     bool m_isFitted = false;
 };
 

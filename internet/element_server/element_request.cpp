@@ -49,6 +49,7 @@ struct Renaming {
 constexpr std::array renamings{
     Renaming{"tle-new", "last-30-days"},
     Renaming{"1999-025", "fengyun-1c-debris"},
+    Renaming{"1982-092", "cosmos-1408-debris"},
     Renaming{"gps", "gps-ops"},
     Renaming{"glonass", "glo-ops"},
     Renaming{"iridium-next", "iridium-NEXT"},
@@ -57,6 +58,8 @@ constexpr std::array renamings{
     Renaming{"raduga", ""},
     Renaming{"molniya", ""},
     Renaming{"swarm", ""},
+    Renaming{"noaa", ""},
+    Renaming{"other", ""},
     Renaming{"2012-044", ""},
     Renaming{"2019-006", ""},
 };

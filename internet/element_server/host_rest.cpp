@@ -38,7 +38,8 @@ std::optional<double> HostRest::until(const std::string& host, const std::option
 void HostRest::note(const std::string& host, const std::optional<HttpProxy>& proxy,
                     const HttpAnswer& answer) {
     if (isOfThisFileAlone(answer.failure)) return;
-    if (answer.failure != HttpFailure::tooSlow && answer.took <= patience) return;
+    const bool isQuick = answer.took <= patience || answer.status != 0;
+    if (answer.failure != HttpFailure::tooSlow && isQuick) return;
     m_until[keyOf(host, proxy)] = NowUTC(m_clock) + restDays;
 }
 

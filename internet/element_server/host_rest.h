@@ -10,8 +10,8 @@
 
 namespace vantrace {
 
-/// A request that failed below HTTP after more than 5 seconds gives its host a minute's rest, so that a job
-/// of many files doesn't wait for each of them.
+/// A request that took too long, or that failed below HTTP after more than 5 seconds without any answer,
+/// gives its host a minute's rest, so that a job of many files doesn't wait for each of them.
 class HostRest {
   public:
     explicit HostRest(const Clock& clock);

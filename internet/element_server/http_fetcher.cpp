@@ -242,10 +242,21 @@ std::optional<FetchError> HttpFetcher::fetchElements(const ElementRequest& reque
         failure.message += m_rules.consequence(folder, request);
         return failure;
     }
-    const std::string content = readTextFile(part.path(), longestFileBytes);
-    if (request.isForElements) return keepElements(request, file, content);
-    replaceFile(file, content);
-    return std::nullopt;
+    return keep(request, file, part.path());
+}
+
+std::optional<FetchError> HttpFetcher::keep(const ElementRequest& request, const std::string& file,
+                                            const std::filesystem::path& body) {
+    try {
+        const std::string content = readTextFile(body, longestFileBytes);
+        if (request.isForElements) return keepElements(request, file, content);
+        replaceFile(file, content);
+        return std::nullopt;
+    } catch (const FileError& failure) {
+        m_rules.noteUnkept(m_state.AppPath, request);
+        return FetchError{failure.what() + m_rules.consequence(m_state.AppPath, request),
+                          static_cast<std::int16_t>(HttpFailure::file)};
+    }
 }
 
 void HttpFetcher::tellLeftOut(const std::string& file, const ThreeLineConversion& conversion) const {

@@ -54,6 +54,9 @@ class HttpFetcher final : public Fetcher {
                                             const std::optional<HttpProxy>& proxy);
     std::optional<FetchError> fetchPlainly(const std::string& url, const std::string& file,
                                            const std::optional<HttpProxy>& proxy);
+    /// Of an answer of the element host that came whole.
+    std::optional<FetchError> keep(const ElementRequest& request, const std::string& file,
+                                   const std::filesystem::path& body);
     std::optional<FetchError> keepElements(const ElementRequest& request, const std::string& file,
                                            const std::string& content);
     /// What wasn't kept of an answer that is kept.

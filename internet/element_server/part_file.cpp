@@ -60,7 +60,9 @@ PartFile::PartFile(const std::filesystem::path& target) {
     const FileDescriptor made(mkostemps(name.data(), 5, O_CLOEXEC));
     if (!made.isOpen()) throw FileError(target, reasonOf(errno));
     m_path = name;
-    removeLeftovers(m_path, stem);
+    for (const std::string_view other : {std::string_view(stem), mendedElementsFile, requestsFile}) {
+        removeLeftovers(m_path, std::string(other));
+    }
 }
 
 PartFile::~PartFile() {

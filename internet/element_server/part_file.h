@@ -2,12 +2,18 @@
 #pragma once
 
 #include <filesystem>
+#include <string_view>
 
 namespace vantrace {
 
+/// Files that fetches bring with them, in the program folder: an element file that is mended, and what is
+/// remembered of requests.
+inline constexpr std::string_view mendedElementsFile = "keps.tmp";
+inline constexpr std::string_view requestsFile = "fetches.dat";
+
 /// An empty file of a name of its own, "NAME.xxxxxx.part", in the folder of the file that it is for. Goes
-/// with this object. What a program that was killed has left there for the same file, this or replaceFile()'s
-/// "NAME.xxxxxx.tmp", is removed when it is older than a day.
+/// with this object. What a program that was killed has left there for the same file or one of those two,
+/// this or replaceFile()'s "NAME.xxxxxx.tmp", is removed when it is older than a day.
 class PartFile {
   public:
     /// Throws FileError where none can be made, or where what is there already is no regular file or may not

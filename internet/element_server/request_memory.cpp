@@ -7,6 +7,7 @@
 
 #include "core/date_time.h"
 #include "core/texts.h"
+#include "internet/element_server/part_file.h"
 #include "platform/file_replacement.h"
 #include "platform/text_file.h"
 
@@ -14,7 +15,6 @@ namespace vantrace {
 
 namespace {
 
-constexpr std::string_view fileName = "fetches.dat";
 constexpr std::size_t longestFileBytes = 256 * 1024;
 constexpr std::size_t mostRequests = 1000;
 
@@ -88,7 +88,7 @@ void RequestMemory::forget(const std::string& folder, const std::string& url) {
 bool RequestMemory::load(const std::string& folder) {
     std::string text;
     try {
-        text = readTextFile(folder + std::string(fileName), longestFileBytes);
+        text = readTextFile(folder + std::string(requestsFile), longestFileBytes);
     } catch (const FileError&) {
         // None yet, or one that tells nothing.
         return clean();
@@ -139,7 +139,7 @@ void RequestMemory::save(const std::string& folder) {
     const std::string newText = text();
     if (newText == m_text) return;
     try {
-        replaceFile(folder + std::string(fileName), newText);
+        replaceFile(folder + std::string(requestsFile), newText);
         m_text = newText;
     } catch (const FileError&) {
         // This run remembers all the same.

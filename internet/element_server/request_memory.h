@@ -26,13 +26,15 @@ class RequestMemory {
     static constexpr int unanswered = 0;
     /// An answer came with 200, but had nothing of use in it. No status of HTTP.
     static constexpr int useless = 1;
+    /// An answer came with 200, but couldn't be written to its file.
+    static constexpr int unkept = 2;
     /// The server said that it hasn't got this.
     static bool isUnknown(int status) { return status == 404 || status == 410; }
 
     struct Wait {
         /// UTC, a day number.
         double notBefore = 0;
-        /// The answer's, or one of the two below.
+        /// The answer's, or one of the three above.
         int status = 0;
     };
     /// What stands against asking now; nothing where nothing does. `folder` is the program folder.

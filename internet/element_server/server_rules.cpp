@@ -26,6 +26,8 @@ std::string reasonOfWait(const std::string& host, int status) {
             return asked + ", without a whole answer of the server " + host;
         case RequestMemory::useless:
             return asked + ", and the answer of the server " + host + " held no good element set";
+        case RequestMemory::unkept:
+            return asked + ", and the answer of the server " + host + " couldn't be kept";
         default:
             return asked + ", and the server " + host + " answered " + std::to_string(status);
     }
@@ -77,6 +79,10 @@ void ServerRules::noteSentOn(const std::string& folder, const ElementRequest& re
 
 void ServerRules::noteUseless(const std::string& folder, const ElementRequest& request) {
     m_memory.note(folder, request.url, RequestMemory::useless);
+}
+
+void ServerRules::noteUnkept(const std::string& folder, const ElementRequest& request) {
+    m_memory.note(folder, request.url, RequestMemory::unkept);
 }
 
 std::string ServerRules::consequence(const std::string& folder, const ElementRequest& request) {

@@ -40,6 +40,8 @@ class ServerRules {
     void noteSentOn(const std::string& folder, const ElementRequest& request, const HttpAnswer& lastAnswer);
     /// The answer was one of 200, but there was no good set in it.
     void noteUseless(const std::string& folder, const ElementRequest& request);
+    /// The answer was one of 200, but its file couldn't be written.
+    void noteUnkept(const std::string& folder, const ElementRequest& request);
     /// What a failure has for its consequence, to be put behind its words: "; not asked again before
     /// 08:18:38" and its like. Empty where it has none.
     std::string consequence(const std::string& folder, const ElementRequest& request);

@@ -21,7 +21,11 @@ std::string_view firstLine(std::string_view text) {
 /// The reader for the form that the text is written in.
 bool readMessages(std::string_view text, const MessageReceiver& receiver) {
     const std::string_view line = firstLine(text);
-    if (line.starts_with('<')) return readXmlMessages(text, receiver);
+    // In front of an XML declaration nothing may stand.
+    if (line.starts_with('<')) {
+        text.remove_prefix(static_cast<std::size_t>(line.data() - text.data()));
+        return readXmlMessages(text, receiver);
+    }
     if (line.starts_with('{') || line.starts_with('[')) return readJsonMessages(text, receiver);
     if (line.find('=') < line.find(',')) return readKeyValueMessages(text, receiver);
     return readCsvMessages(text, receiver);

@@ -56,7 +56,7 @@ PassPrediction::PassPrediction(WindowHost& host, ProgramState& state, Services& 
     m_groups = std::make_unique<DropDownControl>(*m_ui->Groupname);
     m_satellites = std::make_unique<DropDownControl>(*m_ui->SatelliteName);
     m_favourites = std::make_unique<DropDownControl>(*m_ui->FavouriteName);
-    m_presets = std::make_unique<ListBoxControl>(*m_ui->ListPresets);
+    m_presets = std::make_unique<NameListControl>(*m_ui->ListPresets);
     m_ui->LISTpasses->setModel(m_rows);
     QSizePolicy keepsItsPlace = m_ui->PROsorting->sizePolicy();
     keepsItsPlace.setRetainSizeWhenHidden(true);

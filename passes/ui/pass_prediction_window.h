@@ -5,9 +5,9 @@
 #include <memory>
 
 #include "core/ui/form_window.h"
+#include "core/ui/list_controls.h"
 #include "passes/pass_prediction_form.h"
 #include "passes/pass_windows.h"
-#include "passes/ui/list_controls.h"
 
 class QAbstractButton;
 
@@ -54,7 +54,7 @@ class PassPrediction final : public FormWindow, public PassPredictionWindow {
     std::unique_ptr<DropDownControl> m_groups;
     std::unique_ptr<DropDownControl> m_satellites;
     std::unique_ptr<DropDownControl> m_favourites;
-    std::unique_ptr<ListBoxControl> m_presets;
+    std::unique_ptr<NameListControl> m_presets;
 
     /// What of the form is on the controls.
     unsigned m_shownResults = 0;

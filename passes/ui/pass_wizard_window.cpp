@@ -39,7 +39,7 @@ PassWizard::PassWizard(WindowHost& host, ProgramState& state, Services& services
     closeOnEscape();
     m_groups = std::make_unique<DropDownControl>(*m_ui->COMgroup);
     m_satellites = std::make_unique<DropDownControl>(*m_ui->COMsatname);
-    m_list = std::make_unique<ListBoxControl>(*m_ui->SatList);
+    m_list = std::make_unique<NameListControl>(*m_ui->SatList);
     m_ui->Tname->setFocus();
     connect(m_ui->COMgroup, &QComboBox::activated, this,
             [this] { handle([this] { COMgroup_Click(m_form, m_state, m_services); }); });

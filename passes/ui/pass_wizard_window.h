@@ -5,8 +5,8 @@
 #include <memory>
 
 #include "core/ui/form_window.h"
+#include "core/ui/list_controls.h"
 #include "passes/pass_wizard.h"
-#include "passes/ui/list_controls.h"
 
 class QPushButton;
 
@@ -46,7 +46,7 @@ class PassWizard final : public FormWindow, public PassWizardWindow {
     std::unique_ptr<Ui::PassWizard> m_ui;
     std::unique_ptr<DropDownControl> m_groups;
     std::unique_ptr<DropDownControl> m_satellites;
-    std::unique_ptr<ListBoxControl> m_list;
+    std::unique_ptr<NameListControl> m_list;
     bool m_isFitted = false;
     bool m_isPlaced = false;
 };

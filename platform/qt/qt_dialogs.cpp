@@ -10,6 +10,7 @@
 #include <system_error>
 #include <utility>
 
+#include "platform/one_line.h"
 #include "platform/qt/window_below.h"
 
 namespace vantrace {
@@ -155,7 +156,7 @@ std::optional<std::string> QtDialogs::textInput(std::string_view prompt, std::st
     dialog->setMinimumWidth(dialog->fontMetrics().horizontalAdvance(shown(title)) + frameButtons);
     dialog->setTextValue(shown(proposal));
     if (!dialog.isAnswered(QDialog::Accepted)) return std::nullopt;
-    return dialog->textValue().toStdString();
+    return oneLine(dialog->textValue().toStdString());
 }
 
 std::optional<std::filesystem::path> QtDialogs::fileToOpen(const FileRequest& request) {

@@ -1,12 +1,11 @@
 #include "platform/qt/qt_http_client.h"
 
 #include <QCoreApplication>
-#include <QEventLoop>
-#include <QThread>
 #include <memory>
 
 #include "platform/qt/painting_wait.h"
 #include "platform/qt/qt_http_worker.h"
+#include "platform/qt/worker_thread.h"
 
 namespace vantrace {
 
@@ -14,7 +13,6 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr auto threadEnd = 1s;
 /// The worker keeps the limits; this one is for a worker that hangs itself.
 constexpr auto grace = 5s;
 
@@ -34,47 +32,24 @@ HttpAnswer failed(HttpFailure failure, std::string_view text) {
 }  // namespace
 
 QtHttpClient::QtHttpClient(std::string_view userAgent, HttpLimits limits)
-    : m_userAgent(userAgent), m_limits(limits) {}
+    : m_userAgent(userAgent), m_limits(limits), m_thread(std::make_unique<WorkerThread<HttpWorker>>()) {}
 
-QtHttpClient::~QtHttpClient() {
-    if (!m_thread) return;
-    m_thread->quit();
-    if (m_thread->wait(QDeadlineTimer(threadEnd))) {
-        delete m_thread;
-        return;
-    }
-    // It touches nothing but what it owns, and goes when it is let go.
-    QObject::connect(m_thread, &QThread::finished, m_thread, &QObject::deleteLater);
-}
-
-bool QtHttpClient::startThread() {
-    if (m_thread) return true;
-    if (!QCoreApplication::instance()) return false;
-    m_worker = new HttpWorker(m_userAgent, m_limits);
-    m_thread = QThread::create([worker = m_worker] {
-        const std::unique_ptr<HttpWorker> owned(worker);
-        QEventLoop().exec();
-    });
-    m_thread->setObjectName(QStringLiteral("http"));
-    m_worker->moveToThread(m_thread);
-    m_thread->start();
-    return true;
-}
+QtHttpClient::~QtHttpClient() = default;
 
 HttpAnswer QtHttpClient::get(const HttpRequest& request) {
     if (m_isBusy) return failed(HttpFailure::busy, "Another file is being fetched");
-    if (!startThread()) return failed(HttpFailure::other, "This program doesn't fetch");
+    if (!QCoreApplication::instance()) return failed(HttpFailure::other, "This program doesn't fetch");
+    if (!m_thread->isStarted()) {
+        m_thread->start("http", std::make_unique<HttpWorker>(m_userAgent, m_limits));
+    }
     m_isBusy = true;
     const auto pending = std::make_shared<PendingAnswer>();
-    QMetaObject::invokeMethod(
-        m_worker,
-        [worker = m_worker, request, pending] {
-            worker->start(request, [pending](HttpAnswer answer) {
-                pending->answer = std::move(answer);
-                pending->wait.finish();
-            });
-        },
-        Qt::QueuedConnection);
+    m_thread->post([request, pending](HttpWorker& worker) {
+        worker.start(request, [pending](HttpAnswer answer) {
+            pending->answer = std::move(answer);
+            pending->wait.finish();
+        });
+    });
     const bool isAnswered = pending->wait.waitFor(m_limits.whole + grace);
     m_isBusy = false;
     if (isAnswered) return pending->answer;

@@ -3,16 +3,17 @@
 
 #include <chrono>
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 
 #include "platform/http_client.h"
 
-class QThread;
-
 namespace vantrace {
 
 class HttpWorker;
+template <class Worker>
+class WorkerThread;
 
 struct HttpLimits {
     /// Without any sign of life from the other side.
@@ -38,13 +39,9 @@ class QtHttpClient final : public HttpClient {
     HttpAnswer get(const HttpRequest& request) override;
 
   private:
-    bool startThread();
-
     const std::string m_userAgent;
     const HttpLimits m_limits;
-    QThread* m_thread = nullptr;
-    /// Belongs to the thread, and ends with it.
-    HttpWorker* m_worker = nullptr;
+    const std::unique_ptr<WorkerThread<HttpWorker>> m_thread;
     bool m_isBusy = false;
 };
 

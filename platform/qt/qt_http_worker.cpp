@@ -212,7 +212,10 @@ void HttpWorker::takeEnd() {
     if (!m_reply) return;
     const QNetworkReply::NetworkError error = m_reply->error();
     // What Qt calls an error may be an answer, too.
-    const bool isAnswer = m_answer.status >= 400 && error >= QNetworkReply::ContentAccessDenied;
+    const bool isOfHost =
+        error >= QNetworkReply::ContentAccessDenied ||
+        (error == QNetworkReply::ProxyAuthenticationRequiredError && !m_request.proxy.has_value());
+    const bool isAnswer = m_answer.status >= 400 && isOfHost;
     if (error != QNetworkReply::NoError && !isAnswer) {
         if (isBeforeTheHost(error)) m_answer.mayHaveArrived = false;
         const HttpFailure failure =

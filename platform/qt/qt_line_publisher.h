@@ -15,15 +15,15 @@ namespace vantrace {
 /// Where programs find the line.
 struct LinePlaces {
     /// On 127.0.0.1, TCP.
-    std::uint16_t port = 7867;
+    std::uint16_t port = trackingLinePort;
     /// A socket in the file system, for this user alone; empty for none.
     std::filesystem::path socket;
     /// A line that is older isn't told to who connects.
     std::chrono::milliseconds lineLife{5000};
 };
 
-/// "vantrace-tracking" in the user's folder for running programs ($XDG_RUNTIME_DIR), beside the port. Without
-/// such a folder there is the port alone.
+/// `trackingLineSocket` beside `trackingLinePort`; the port alone where the user has no folder for running
+/// programs.
 LinePlaces usualLinePlaces();
 
 /// Needs a QCoreApplication. Everything happens on a thread of its own, made at the first line that isn't

@@ -6,11 +6,11 @@
 
 #include "platform/sound_capture.h"
 
-class QThread;
-
 namespace vantrace {
 
 class CaptureWorker;
+template <class Worker>
+class WorkerThread;
 
 /// Needs a QCoreApplication. Everything happens on a thread of its own, made at the first open(), so that no
 /// sound is lost while the windows are busy, and no sound server can hold them up: an operation that isn't
@@ -35,12 +35,9 @@ class QtSoundCapture final : public SoundCapture {
     bool close() override;
 
   private:
-    bool startThread();
     bool ask(std::function<bool(CaptureWorker&)> operation);
 
-    QThread* m_thread = nullptr;
-    /// Belongs to the thread, and ends with it.
-    CaptureWorker* m_worker = nullptr;
+    const std::unique_ptr<WorkerThread<CaptureWorker>> m_thread;
     bool m_isLate = false;
 };
 

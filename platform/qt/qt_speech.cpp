@@ -3,11 +3,9 @@
 #include <signal.h>
 
 #include <QApplication>
-#include <QEventLoop>
 #include <QGridLayout>
 #include <QMessageBox>
 #include <QPointer>
-#include <QThread>
 #include <atomic>
 #include <chrono>
 #include <stdexcept>
@@ -15,6 +13,7 @@
 #include "platform/qt/qt_speech_desk.h"
 #include "platform/qt/qt_speech_worker.h"
 #include "platform/qt/window_below.h"
+#include "platform/qt/worker_thread.h"
 
 namespace vantrace {
 
@@ -24,7 +23,6 @@ using namespace std::chrono_literals;
 
 /// The list of eSpeak NG's 13000 voices takes some 3 seconds.
 constexpr auto engineSearch = 6s;
-constexpr auto threadEnd = 1s;
 
 /// A daemon that dies while it is written to must not end the program.
 void ignoreBrokenPipes() {
@@ -47,65 +45,31 @@ QString aboutText(const SpeechFacts& facts) {
 /// The thread that speaks, and the way to it.
 class QtSpeech::Engine {
   public:
-    Engine() = default;
-    ~Engine();
-    Engine(const Engine&) = delete;
-    Engine& operator=(const Engine&) = delete;
-
     /// After anything is laid on the desk, and before it is asked about the engine.
     void wake();
     SpeechDesk& desk() { return *m_desk; }
 
   private:
-    void start();
-
     // Shared with the thread, which may live on for a while.
     const std::shared_ptr<SpeechDesk> m_desk = std::make_shared<SpeechDesk>(engineSearch);
     const std::shared_ptr<std::atomic<bool>> m_isCalled = std::make_shared<std::atomic<bool>>(false);
-    QThread* m_thread = nullptr;
-    /// Belongs to the thread, and ends with it.
-    SpeechWorker* m_worker = nullptr;
+    WorkerThread<SpeechWorker> m_thread;
 };
 
-QtSpeech::Engine::~Engine() {
-    if (!m_thread) return;
-    m_thread->quit();
-    if (m_thread->wait(QDeadlineTimer(threadEnd))) {
-        delete m_thread;
-        return;
-    }
-    // A hanging daemon holds it. It touches nothing but what it owns, and goes when it is let go.
-    QObject::connect(m_thread, &QThread::finished, m_thread, &QObject::deleteLater);
-}
-
 void QtSpeech::Engine::wake() {
-    if (!m_thread) start();
-    if (!m_worker) return;
-    // One call at a time waits for a thread that is held up, however much is spoken meanwhile.
-    if (m_isCalled->exchange(true)) return;
-    QMetaObject::invokeMethod(
-        m_worker,
-        [worker = m_worker, isCalled = m_isCalled] {
-            *isCalled = false;
-            worker->wake();
-        },
-        Qt::QueuedConnection);
-}
-
-void QtSpeech::Engine::start() {
     if (!QCoreApplication::instance()) {
         m_desk->tellAbsent();
         return;
     }
-    m_worker = new SpeechWorker(m_desk);
-    m_thread = QThread::create([worker = m_worker] {
-        const std::unique_ptr<SpeechWorker> owned(worker);
-        ignoreBrokenPipes();
-        QEventLoop().exec();
+    if (!m_thread.isStarted()) {
+        m_thread.start("speech", std::make_unique<SpeechWorker>(m_desk), ignoreBrokenPipes);
+    }
+    // One call at a time waits for a thread that is held up, however much is spoken meanwhile.
+    if (m_isCalled->exchange(true)) return;
+    m_thread.post([isCalled = m_isCalled](SpeechWorker& worker) {
+        *isCalled = false;
+        worker.wake();
     });
-    m_thread->setObjectName(QStringLiteral("speech"));
-    m_worker->moveToThread(m_thread);
-    m_thread->start();
 }
 
 QtSpeech::QtSpeech() : m_engine(std::make_unique<Engine>()) {}

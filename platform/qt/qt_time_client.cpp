@@ -61,7 +61,7 @@ struct Query {
 
     int result = QtTimeClient::noConnection;
     std::string text;
-    Steady::time_point textAt{};
+    BootClock::time_point textAt{};
     /// The way from the server to here.
     std::chrono::milliseconds delay{0};
 
@@ -87,7 +87,7 @@ void readAnswer(QTcpSocket& socket, Query& query) {
         const bool isOpen = socket.bytesAvailable() > 0 || socket.waitForReadyRead(query.millisecondsLeft());
         if (!isOpen) break;
         // Of a line, its end is what is sent at the time that it tells.
-        query.textAt = Steady::now();
+        query.textAt = BootClock::now();
         query.text += socket.read(longestAnswer - static_cast<qint64>(query.text.size())).toStdString();
     }
     const bool isWhole = holdsLine(query.text) || socket.state() == QAbstractSocket::UnconnectedState;
@@ -147,6 +147,12 @@ int setMachineClock(UtcTime time) {
     return clock_settime(CLOCK_REALTIME, &value) == 0 ? 0 : errno;
 }
 
+BootClock::time_point BootClock::now() {
+    std::timespec value{};
+    clock_gettime(CLOCK_BOOTTIME, &value);
+    return time_point{std::chrono::seconds{value.tv_sec} + std::chrono::nanoseconds{value.tv_nsec}};
+}
+
 QtTimeClient::QtTimeClient(const Clock& clock, ClockSetter setter)
     : m_clock(clock), m_setter(std::move(setter)) {}
 
@@ -160,7 +166,7 @@ void QtTimeClient::setTimeoutSeconds(int seconds) {
 
 int QtTimeClient::QueryTime() {
     // Servers want to be left alone for a while, and what one has told goes on by itself.
-    if (m_hasLastAnswer && m_host == m_toldBy && Steady::now() - m_toldAt < restSpan) return 0;
+    if (m_hasLastAnswer && m_host == m_toldBy && BootClock::now() - m_toldAt < restSpan) return 0;
     m_hasLastAnswer = false;
     const std::optional<Place> place = placeOf(m_host);
     if (!place || !QCoreApplication::instance()) return noHost;
@@ -188,7 +194,7 @@ int QtTimeClient::QueryTime() {
 }
 
 UtcTime QtTimeClient::now() const {
-    return m_told + std::chrono::duration_cast<std::chrono::milliseconds>(Steady::now() - m_toldAt);
+    return m_told + std::chrono::duration_cast<std::chrono::milliseconds>(BootClock::now() - m_toldAt);
 }
 
 ClockParts QtTimeClient::localNow() const {

@@ -18,11 +18,20 @@ using ClockSetter = std::function<int(UtcTime)>;
 /// The machine's own; needs the right to do so (EPERM without).
 int setMachineClock(UtcTime time);
 
+/// Counts from the machine's start, also while it sleeps (steady_clock stands still then); nobody sets it.
+struct BootClock {
+    using duration = std::chrono::nanoseconds;
+    using rep = duration::rep;
+    using period = duration::period;
+    using time_point = std::chrono::time_point<BootClock>;
+    static constexpr bool is_steady = true;
+    static time_point now();
+};
+
 /// Needs a QCoreApplication. Each query has a thread of its own, which ends by itself: a machine that looks
 /// for a name for minutes holds nobody up. An answer is carried on by the clock that counts from the
-/// machine's start, which nobody sets; within 4 seconds a further query of the same host is answered from it.
-/// Its way through the net is taken as half of what the connection took
-/// to make.
+/// machine's start; within 4 seconds a further query of the same host is answered from it. Its way through
+/// the net is taken as half of what the connection took to make.
 class QtTimeClient final : public TimeClient {
   public:
     /// What QueryTime() returns beside 0.
@@ -52,7 +61,7 @@ class QtTimeClient final : public TimeClient {
     bool m_hasLastAnswer = false;
     UtcTime m_told{};
     std::string m_toldBy;
-    std::chrono::steady_clock::time_point m_toldAt{};
+    BootClock::time_point m_toldAt{};
 };
 
 }  // namespace vantrace

@@ -28,12 +28,22 @@ struct RotatorLimits {
     double azimuthMostDeg = 360.0;
     double elevationLeastDeg = 0.0;
     double elevationMostDeg = 90.0;
+    /// The azimuths below 0 may be none: some drivers tell them, but go a whole turn higher, so that the
+    /// rotator turns back when such a way comes to north. The azimuths from 0 on are a whole turn and more.
+    bool isBelowZeroDoubtful = false;
 
     friend bool operator==(const RotatorLimits&, const RotatorLimits&) = default;
 };
 
 /// So little beyond a limit is not worth a turn: the rotator waits at the limit.
 inline constexpr double limitSlackDeg = 1.0;
+
+/// Without the azimuths that are doubtful.
+inline RotatorLimits withoutDoubt(RotatorLimits limits) {
+    if (limits.isBelowZeroDoubtful) limits.azimuthLeastDeg = 0.0;
+    limits.isBelowZeroDoubtful = false;
+    return limits;
+}
 
 /// The nearest position that the rotator can take.
 inline RotatorPosition within(const RotatorLimits& limits, const RotatorPosition& position) {

@@ -8,6 +8,7 @@ namespace vantrace {
 namespace {
 
 constexpr double wholeTurnDeg = 360.0;
+constexpr double halfTurnDeg = 180.0;
 
 /// How far beyond the limits an azimuth is.
 double excess(double azimuthDeg, const RotatorLimits& limits) {
@@ -41,14 +42,22 @@ RotatorPosition LoneFollower::chosen(const Direction& direction, const RotatorLi
 void LoneFollower::goOnFrom(const RotatorPosition& position) {
     *this = {};
     m_last = position;
+    m_isFlipped = position.elevationDeg > halfTurnDeg / 2.0;
 }
 
 RotatorPosition LoneFollower::held(const RotatorPosition& position, const RotatorLimits& limits) {
     const RotatorPosition nearest = within(limits, position);
     // What is below the horizon isn't missed.
-    const double missed = position.elevationDeg < 0.0 ? 0.0 : position.elevationDeg - nearest.elevationDeg;
+    const bool isBelow = position.elevationDeg < 0.0 || position.elevationDeg > halfTurnDeg;
+    const double missed = isBelow ? 0.0 : position.elevationDeg - nearest.elevationDeg;
     m_isOutOfReach = excess(position.azimuthDeg, limits) > limitSlackDeg || std::abs(missed) > limitSlackDeg;
     return nearest;
+}
+
+RotatorPosition LoneFollower::onward(const Direction& direction) const {
+    const double last = m_last->azimuthDeg;
+    if (!m_isFlipped) return {nearestTurn(direction.azimuthDeg, last), direction.elevationDeg};
+    return {nearestTurn(direction.azimuthDeg + halfTurnDeg, last), halfTurnDeg - direction.elevationDeg};
 }
 
 std::optional<RotatorPosition> LoneFollower::follow(const Direction& direction, const RotatorLimits& limits) {
@@ -56,17 +65,24 @@ std::optional<RotatorPosition> LoneFollower::follow(const Direction& direction, 
     m_hasTurned = false;
     if (before) m_movementDeg = std::remainder(direction.azimuthDeg - before->azimuthDeg, wholeTurnDeg);
     if (!m_last) {
-        const double lowest = lowestTurn(direction.azimuthDeg, limits);
+        const RotatorLimits certain = withoutDoubt(limits);
+        const double lowest = lowestTurn(direction.azimuthDeg, certain);
         const bool hasChoice = lowest + wholeTurnDeg <= limits.azimuthMostDeg;
         if (hasChoice && !before) return std::nullopt;
-        m_last = chosen(direction, limits);
+        m_last = chosen(direction, certain);
         return held(*m_last, limits);
     }
-    const double onward = nearestTurn(direction.azimuthDeg, m_last->azimuthDeg);
-    const RotatorPosition next = excess(onward, limits) <= limitSlackDeg
-                                     ? RotatorPosition{onward, direction.elevationDeg}
-                                     : chosen(direction, limits);
-    m_hasTurned = std::abs(next.azimuthDeg - onward) > wholeTurnDeg / 2.0;
+    RotatorPosition next = onward(direction);
+    const bool isTooFar = excess(next.azimuthDeg, limits) > limitSlackDeg;
+    // Below the horizon an antenna that looks over the top waits at the horizon.
+    const bool isTooFlat =
+        m_isFlipped && std::min(next.elevationDeg, halfTurnDeg) > limits.elevationMostDeg + limitSlackDeg;
+    if (isTooFar || isTooFlat) {
+        const RotatorPosition other = chosen(direction, withoutDoubt(limits));
+        m_hasTurned = m_isFlipped || std::abs(other.azimuthDeg - next.azimuthDeg) > halfTurnDeg;
+        m_isFlipped = false;
+        next = other;
+    }
     m_last = next;
     return held(next, limits);
 }

@@ -13,6 +13,7 @@ constexpr double halfTurnDeg = 180.0;
 /// The costs of a way, each kind beyond all that the next ones can add up to.
 constexpr double unreachableCost = 1e9;
 constexpr double turnCost = 1e4;
+constexpr double doubtCost = 100.0;
 constexpr double flipCost = 2.0;
 constexpr double costOfStartPerDeg = 1e-3;
 
@@ -64,14 +65,18 @@ std::vector<Pose> posesFor(const std::vector<double>& azimuths, const RotatorLim
 class WaySearch {
   public:
     WaySearch(std::span<const PathPoint> path, const RotatorLimits& limits,
-              const std::optional<RotatorPosition>& present)
+              const std::optional<RotatorPosition>& present, bool isUnderWay)
         : m_path(path),
           m_limits(limits),
           m_azimuths(unwrapped(path)),
           m_poses(posesFor(m_azimuths, limits)),
           m_costs(m_poses.size()),
           m_from(path.size() * m_poses.size()) {
-        for (std::size_t pose = 0; pose < m_poses.size(); ++pose) m_costs[pose] = costOfStart(pose, present);
+        const bool isFlipped = isUnderWay && present && present->elevationDeg > halfTurnDeg / 2.0;
+        for (std::size_t pose = 0; pose < m_poses.size(); ++pose) {
+            m_costs[pose] =
+                costOfStart(pose, present) + (m_poses[pose].isFlipped != isFlipped ? flipCost : 0.0);
+        }
         for (std::size_t point = 1; point < path.size(); ++point) step(point);
     }
 
@@ -108,10 +113,20 @@ class WaySearch {
         return unreachableCost + std::abs(position.azimuthDeg - nearest.azimuthDeg);
     }
 
+    bool isDoubtful(std::size_t point, std::size_t pose) const {
+        return m_limits.isBelowZeroDoubtful && positionOf(point, pose).azimuthDeg < -limitSlackDeg;
+    }
+
+    /// Once for each time that a way comes among the doubtful azimuths.
+    double costOfDoubt(std::size_t point, std::size_t pose, std::size_t from) const {
+        const bool wasIn = point > 0 && isDoubtful(point - 1, from);
+        return isDoubtful(point, pose) && !wasIn ? doubtCost : 0.0;
+    }
+
     double costOfStart(std::size_t pose, const std::optional<RotatorPosition>& present) const {
         const double middle = (m_limits.azimuthLeastDeg + m_limits.azimuthMostDeg) / 2.0;
         const double from = present ? present->azimuthDeg : middle;
-        return costOfPoint(0, pose) + (m_poses[pose].isFlipped ? flipCost : 0.0) +
+        return costOfPoint(0, pose) + costOfDoubt(0, pose, pose) +
                costOfStartPerDeg * std::abs(positionOf(0, pose).azimuthDeg - from);
     }
 
@@ -127,7 +142,7 @@ class WaySearch {
                 from = best;
                 m_costs[pose] = changed + flipped;
             }
-            m_costs[pose] += costOfPoint(point, pose);
+            m_costs[pose] += costOfPoint(point, pose) + costOfDoubt(point, pose, from);
             m_from[point * m_poses.size() + pose] = static_cast<std::uint8_t>(from);
         }
     }
@@ -172,9 +187,9 @@ RotatorPosition PassPlan::positionAt(double seconds, const Direction& direction,
 }
 
 PassPlan planPass(std::span<const PathPoint> path, const RotatorLimits& limits,
-                  const std::optional<RotatorPosition>& present) {
+                  const std::optional<RotatorPosition>& present, bool isUnderWay) {
     if (path.empty()) return {};
-    return WaySearch(path, limits, present).plan();
+    return WaySearch(path, limits, present, isUnderWay).plan();
 }
 
 }  // namespace vantrace

@@ -46,8 +46,10 @@ struct PassPlan {
 /// The way through a whole path, whose points are less than half a turn apart. A direction can be taken by
 /// any number of whole turns and, where the elevation goes so far, over the top. Of the ways that the limits
 /// allow the one with the fewest turns is taken; then the one that turns while the satellite is low, that
-/// doesn't go over the top, and that starts near `present`, or else near the middle of the rotator's range.
+/// leaves out doubtful azimuths, that doesn't go over the top, and that starts near `present`, or else near
+/// the middle of the rotator's range. `isUnderWay`: the path has begun, and what looks over the top at
+/// present rather goes on so than back.
 PassPlan planPass(std::span<const PathPoint> path, const RotatorLimits& limits,
-                  const std::optional<RotatorPosition>& present);
+                  const std::optional<RotatorPosition>& present, bool isUnderWay = false);
 
 }  // namespace vantrace

@@ -18,6 +18,9 @@ constexpr int limitsSlot = 3;
 constexpr double questionSeconds = 2.0;
 /// Half of the last decimal that is told.
 constexpr double exactDeg = 0.005;
+/// So near, so many times in a row, it isn't on its way any more.
+constexpr double standsDeg = 3.0;
+constexpr int standsTimes = 4;
 
 std::optional<double> number(const DaemonReply& reply, std::string_view key) {
     const std::optional<std::string> text = reply.value(key);
@@ -41,6 +44,7 @@ RotatorControl::RotatorControl(DaemonSession& session, double deadBandDeg, Tell 
     m_session.onDown = [this] {
         m_told.reset();
         m_present.reset();
+        m_timesTurnAbove = 0;
         if (m_park == Park::asked) m_park = Park::wanted;
     };
 }
@@ -135,7 +139,8 @@ void RotatorControl::takeLimits(const DaemonReply& reply) {
                             limits.azimuthLeastDeg >= -720.0 && limits.azimuthMostDeg <= 1080.0 &&
                             limits.elevationMostDeg >= limits.elevationLeastDeg &&
                             limits.elevationLeastDeg >= -90.0 && limits.elevationMostDeg <= 270.0;
-    if (!makesSense || (m_limits && *m_limits == limits)) return;
+    if (!makesSense || m_limitsOfDaemon == limits) return;
+    m_limitsOfDaemon = limits;
     m_limits = limits;
     if (onLimits) onLimits();
 }
@@ -143,7 +148,25 @@ void RotatorControl::takeLimits(const DaemonReply& reply) {
 void RotatorControl::takePosition(const DaemonReply& reply) {
     const std::optional<double> azimuth = number(reply, "Azimuth");
     const std::optional<double> elevation = number(reply, "Elevation");
-    if (reply.code == 0 && azimuth && elevation) m_present = RotatorPosition{*azimuth, *elevation};
+    if (reply.code != 0 || !azimuth || !elevation) return;
+    m_present = RotatorPosition{*azimuth, *elevation};
+    watchDoubtfulAzimuth();
+}
+
+/// A rotator that stays a whole turn above what it was told has no azimuths below 0, whatever its driver
+/// says.
+void RotatorControl::watchDoubtfulAzimuth() {
+    constexpr double wholeTurnDeg = 360.0;
+    const bool isTurnAbove = m_told && m_told->azimuthDeg < -limitSlackDeg &&
+                             std::abs(m_present->azimuthDeg - m_told->azimuthDeg - wholeTurnDeg) <= standsDeg;
+    m_timesTurnAbove = isTurnAbove ? m_timesTurnAbove + 1 : 0;
+    if (m_timesTurnAbove < standsTimes || !m_limits || !limitsInForce) return;
+    if (!limitsInForce().isBelowZeroDoubtful) return;
+    m_timesTurnAbove = 0;
+    m_limits->azimuthLeastDeg = 0.0;
+    m_tell("told to go to " + shownPosition(*m_told) + ", the rotator stands at " +
+           shownPosition(*m_present) + ": azimuths below 0 are left out");
+    if (onLimits) onLimits();
 }
 
 /// Once for as long as it goes on.

@@ -34,11 +34,13 @@ class RotatorControl {
 
     /// Where it said that it stands; nothing before it has said so.
     const std::optional<RotatorPosition>& present() const { return m_present; }
-    /// The limits that the daemon tells; nothing before it has.
+    /// The limits that the daemon tells, but from 0 on where azimuths below it turned out to be none; nothing
+    /// before it has.
     const std::optional<RotatorLimits>& limits() const { return m_limits; }
     /// Called when the limits have been told, and whenever they are others.
     std::function<void()> onLimits;
-    /// What the place of rest is held to; else the limits that the daemon tells.
+    /// What the place of rest is held to, and what says whether azimuths are doubtful; else the limits that
+    /// the daemon tells.
     std::function<RotatorLimits()> limitsInForce;
 
   private:
@@ -50,6 +52,7 @@ class RotatorControl {
     void askForPosition();
     void takeLimits(const DaemonReply& reply);
     void takePosition(const DaemonReply& reply);
+    void watchDoubtfulAzimuth();
     void tellRefusal(const std::string& command, int code);
 
     DaemonSession& m_session;
@@ -58,6 +61,10 @@ class RotatorControl {
     std::optional<RotatorPosition> m_told;
     std::optional<RotatorPosition> m_present;
     std::optional<RotatorLimits> m_limits;
+    /// The same as the daemon has told them.
+    std::optional<RotatorLimits> m_limitsOfDaemon;
+    /// How many times in a row it stood a whole turn above where it had been told to go.
+    int m_timesTurnAbove = 0;
     bool m_areLimitsAsked = false;
     bool m_isPositionAsked = false;
     Park m_park = Park::none;

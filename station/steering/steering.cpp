@@ -43,6 +43,8 @@ RotatorLimits Steering::limits() const {
     if (const auto& azimuths = m_options.azimuthLimitsDeg) {
         limits.azimuthLeastDeg = azimuths->first;
         limits.azimuthMostDeg = azimuths->second;
+    } else {
+        limits.isBelowZeroDoubtful = limits.azimuthLeastDeg < 0.0 && limits.azimuthMostDeg > 360.0;
     }
     if (const auto& elevations = m_options.elevationLimitsDeg) {
         limits.elevationLeastDeg = elevations->first;

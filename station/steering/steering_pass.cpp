@@ -79,7 +79,7 @@ void Steering::plan(const Instant& utc) {
     m_plannedLimits = limits();
     const std::optional<RotatorPosition> present =
         m_devices.rotator == nullptr ? std::nullopt : m_devices.rotator->present();
-    m_plan = planPass(ahead, m_plannedLimits, present);
+    m_plan = planPass(ahead, m_plannedLimits, present, seconds >= 0.0);
 }
 
 void Steering::tellPlan() const {

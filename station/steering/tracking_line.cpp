@@ -104,7 +104,7 @@ std::optional<TrackingLine> readTrackingLine(std::string_view text, std::string&
         line.uplinkHz = takeFrequency(words, "UP", fault);
         line.downlinkHz = takeFrequency(words, "DN", fault);
     }
-    line.dopplerAt100Hz = takeNumber(words, "DO", {-mostDopplerHz, mostDopplerHz}, true, fault);
+    line.dopplerHzAt100MHz = takeNumber(words, "DO", {-mostDopplerHz, mostDopplerHz}, true, fault);
     if (fault.empty() && !words.isDone()) fault = "something follows its end";
     if (!fault.empty()) return std::nullopt;
     // What rounds up to a whole turn is north.

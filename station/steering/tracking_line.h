@@ -18,7 +18,8 @@ struct TrackingLine {
     /// or one beyond a terahertz. Nothing for the moon.
     std::optional<double> uplinkHz;
     std::optional<double> downlinkHz;
-    double dopplerAt100Hz = 0.0;
+    /// By how much a signal of 100 MHz comes shifted, in Hz: positive while the satellite comes nearer.
+    double dopplerHzAt100MHz = 0.0;
 };
 
 /// A longer line is none.

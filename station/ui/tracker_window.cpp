@@ -42,6 +42,9 @@ frmTracker::frmTracker(WindowHost& host, ProgramState& state, Services& services
     m_ui->setupUi(this);
     // Escape doesn't close this one: the antenna would stop in the middle of a pass, only because the user
     // gave up what he was typing.
+    // What is typed isn't completed to a frequency of the list.
+    m_ui->COMuplink->setCompleter(nullptr);
+    m_ui->COMdownlink->setCompleter(nullptr);
     new WheelGuard(*m_ui->COMuplink);
     new WheelGuard(*m_ui->COMdownlink);
     m_ui->CHonOff->setFocus();

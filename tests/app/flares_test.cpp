@@ -38,6 +38,16 @@ TEST_F(FlaresTest, WithoutAListThereIsAUserError) {
     EXPECT_EQ(empty.lines().size(), 1U);
 }
 
+TEST_F(FlaresTest, OfAListThatIsTooLongTheGoodRowsAreWritten) {
+    std::string content;
+    for (int row = 0; row < 32768; ++row) content += "a\n";
+    folder.write("flares.dat", content);
+    const CliResult result = runCsv({"flares"});
+    EXPECT_EQ(result.status, 2);
+    EXPECT_NE(result.err.find("more lines"), std::string::npos) << result.err;
+    EXPECT_EQ(result.lines().size(), 32768U) << "and the heading";
+}
+
 }  // namespace
 
 }  // namespace vantrace

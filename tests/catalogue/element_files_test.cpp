@@ -112,13 +112,6 @@ TEST(ElementAge, EpochIsRoundedByItsFirstDecimalHalvesToEven) {
     EXPECT_EQ(elementEpochYear(line1WithEpoch(" 8128.50000000")), 2008);
 }
 
-TEST(ElementAge, CountsDaysOfOneYear) {
-    EXPECT_EQ(elementAgeDays(line1, "08-22-2026"), 0);
-    EXPECT_EQ(elementAgeDays(line1, "09-05-2026"), 14);
-    EXPECT_EQ(elementAgeDays(line1, "08-20-2026"), -2);
-    EXPECT_EQ(elementAgeDays(line1, "01-01-2027"), 1 - 234) << "the years are not compared";
-}
-
 TEST(ElementAge, LinesWithoutAnEpochFail) {
     EXPECT_THROW(elementEpochDay(""), std::invalid_argument);
     EXPECT_THROW(elementEpochDay("no point"), std::invalid_argument);

@@ -63,7 +63,9 @@ TEST_F(GroupsTest, TheTableHolds40) {
     EXPECT_EQ(state.GroupCount, 40);
     EXPECT_EQ(state.Groups[40].Name, "G40");
     EXPECT_EQ(saved(), file);
+    state.GroupCount = 0;
     EXPECT_THROW(load(file + "G41,g.txt,0\r\n"), std::out_of_range);
+    EXPECT_EQ(state.GroupCount, 40);
 }
 
 TEST_F(GroupsTest, SavingLeavesOutBlankNamesAndNeverWritesHalfAFile) {

@@ -3,11 +3,8 @@
 
 #include <gtest/gtest.h>
 
-#include <set>
-
 #include "core/core_services.h"
 #include "core/program_state.h"
-#include "core/texts.h"
 #include "tests/support/test_services.h"
 
 namespace vantrace {
@@ -47,19 +44,6 @@ TEST(GetConfig, RecordingsGoToTheProgramFolderByDefault) {
     state.AppPath = "/opt/vantrace/";
     EXPECT_EQ(GetConfig(state, test.services, settings::wxWavDir), "/opt/vantrace/");
     EXPECT_EQ(test.settings.get("WxWavDir"), "/opt/vantrace/");
-}
-
-TEST(SettingsTable, HoldsEveryKeyOnceAndOnlyTheProxyPortTwice) {
-    std::multiset<std::string> keys;
-    for (const Setting& setting : settingsTable) {
-        keys.insert(lowerCased(setting.key));
-        if (!setting.otherSpelling.empty()) {
-            EXPECT_NE(setting.otherSpelling, setting.key);
-            EXPECT_TRUE(equalsIgnoringCase(setting.otherSpelling, setting.key));
-        }
-    }
-    EXPECT_EQ(keys.size(), 34U);
-    for (const std::string& key : keys) EXPECT_EQ(keys.count(key), key == "proxyport" ? 2U : 1U) << key;
 }
 
 TEST(Speak, IsSilentOnlyWhereSpeechpackIsZero) {

@@ -48,6 +48,21 @@ TEST(FixedWidth, CutsAndFillsByCharacters) {
     EXPECT_EQ(FixedWidth("ISS", 0), "");
     EXPECT_EQ(FixedWidth("S\xC3\xA3o", 4), "S\xC3\xA3o ");
     EXPECT_EQ(FixedWidth("\xC3\xA3\xC3\xA3\xC3\xA3", 2), "\xC3\xA3\xC3\xA3");
+    // A byte that belongs to no character is one by itself.
+    EXPECT_EQ(FixedWidth("\x80\xA0\xBF", 2), "\x80\xA0");
+    EXPECT_EQ(FixedWidth("\xC3\xA3\xA3\xC3", 4), "\xC3\xA3\xA3\xC3 ");
+}
+
+TEST(Texts, ThatArentUtf8AreOfWindows) {
+    for (const std::string text : {"", "5 M\u00E4rz \u20AC", "\U0010FFFF\uD7FF\uE000\U00010000"}) {
+        EXPECT_EQ(asUtf8(text), text);
+    }
+    EXPECT_EQ(asUtf8("5 M\xE4rz\xA0\x80\x9F\x81"), "5 M\u00E4rz\u00A0\u20AC\u0178\uFFFD");
+    // Overlong, half of a pair, beyond the last, cut off.
+    for (const std::string text : {"\xC0\xAF", "\xE0\x80\xAF", "\xED\xA0\x80", "\xF4\x90\x80\x80", "\xE2\x82",
+                                   "\xF0\x9F\x98", "\xFF"}) {
+        EXPECT_NE(asUtf8(text), text);
+    }
 }
 
 TEST(Texts, KnowOnlyTheBlankAsABlank) {

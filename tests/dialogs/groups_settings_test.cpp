@@ -2,7 +2,11 @@
 
 #include <chrono>
 #include <filesystem>
+#include <stdexcept>
+#include <utility>
 
+#include "catalogue/favourites.h"
+#include "catalogue/groups.h"
 #include "core/labels.h"
 #include "platform/file_error.h"
 #include "tests/dialogs/dialogs_test.h"
@@ -202,6 +206,30 @@ TEST_F(GroupsSettingsTest, AListThatTheDiskDoesNotTakeIsToldAndTheOtherIsWritten
     std::filesystem::create_directory(folder / "groups.dat");
     EXPECT_THROW(Form_Unload(form, state, services), FileError);
     EXPECT_EQ(fakes.folder.read("faves.dat"), "ALPHA\r\n");
+}
+
+TEST_F(GroupsSettingsTest, WhatAFileHeldIsNotReplacedByATableThatDidNotTakeIt) {
+    std::string forty;
+    for (int i = 1; i <= 40; ++i) forty += "G" + std::to_string(i) + ",letters.txt,1\r\n";
+    fakes.folder.write("groups.dat", forty + "G41,letters.txt,1\r\n");
+    EXPECT_THROW(LoadGroups(state), std::out_of_range);
+    load();
+    EXPECT_EQ(form.GroupList.list.size(), 40U);
+    Form_Unload(form, state, services);
+    EXPECT_EQ(fakes.folder.read("groups.dat"), forty);
+    const std::string large(2 << 20, '\n');
+    for (const auto& [file, read] :
+         {std::pair<const char*, void (*)(ProgramState&)>{"groups.dat", LoadGroups},
+          {"faves.dat", LoadFavourites}}) {
+        fakes.folder.write(file, large);
+        EXPECT_THROW(read(state), FileError);
+        EXPECT_THROW(Form_Unload(form, state, services), FileError);
+        EXPECT_EQ(fakes.folder.read(file).size(), large.size()) << file;
+        std::filesystem::remove(fakes.folder.path() / file);
+        Form_Unload(form, state, services);
+        EXPECT_EQ(fakes.folder.read(file), file == std::string("groups.dat") ? forty : "")
+            << "one that is gone";
+    }
 }
 
 TEST_F(GroupsSettingsTest, FifteenThousandSatellitesAreListedWithinASecond) {

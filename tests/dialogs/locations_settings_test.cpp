@@ -1,6 +1,8 @@
 #include "dialogs/locations_settings.h"
 
+#include "catalogue/locations.h"
 #include "core/labels.h"
+#include "platform/file_error.h"
 #include "tests/dialogs/dialogs_test.h"
 
 namespace vantrace {
@@ -138,6 +140,15 @@ TEST_F(LocationsSettingsTest, AFullTableTakesNoMoreAndIsSavedWhole) {
     BUTremovelocations_Click(form, state, services);
     EXPECT_EQ(state.Locations[149].Name, "P150");
     EXPECT_EQ(state.Locations[150].Name, "");
+}
+
+TEST_F(LocationsSettingsTest, AFileThatCouldNotBeReadStays) {
+    const std::string large(2 << 20, '\n');
+    fakes.folder.write("locations.dat", large);
+    EXPECT_THROW(LoadLocations(state, services.format), FileError);
+    load();
+    EXPECT_THROW(Form_Unload(form, state, services), FileError);
+    EXPECT_EQ(fakes.folder.read("locations.dat").size(), large.size());
 }
 
 TEST_F(LocationsSettingsTest, TicksBeyondTheTableAreIgnored) {

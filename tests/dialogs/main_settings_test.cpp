@@ -152,6 +152,13 @@ TEST_F(MainSettingsTest, ClosingTellsTheProgramItsNewPlace) {
     Tlocation_Change(form, services);
     EXPECT_TRUE(close());
     EXPECT_EQ(state.ObserverName, "Default") << "as the next start has it";
+    form.Tlatitude = "90.5";
+    form.Tlongitude = "10";
+    form.VoiceSelect.selected = 1;
+    EXPECT_TRUE(close());
+    EXPECT_EQ(fakes.logged(labels::mainCONUnload), 1) << "no latitude for the engine";
+    EXPECT_DOUBLE_EQ(state.OrbitEngine->EngineGetLongitude(), 350);
+    EXPECT_EQ(stored("Voice"), "2");
 }
 
 TEST_F(MainSettingsTest, TheSixBoxesCountFromTheNextStart) {
@@ -173,6 +180,11 @@ TEST_F(MainSettingsTest, TheSixBoxesCountFromTheNextStart) {
     EXPECT_EQ(state.ObserverName, "Vienna") << "of the place that goes on";
     EXPECT_EQ(state.ObserverLatitude, 10);
     EXPECT_EQ(state.ObserverLongitude, 20);
+    MainSettingsForm next;
+    Form_Load(next, state, services);
+    Form_Unload(next, state, services);
+    EXPECT_EQ(state.ObserverLatitude, -33.5) << "the next opening has it in the two boxes";
+    EXPECT_EQ(state.ObserverName, "Sydney");
 }
 
 TEST_F(MainSettingsTest, ToTheSixBoxesAndBackChangesNothing) {

@@ -66,6 +66,8 @@ TEST_F(FlareRequestTest, APageIsOneTextWithoutLineEnds) {
     EXPECT_EQ(readFlarePage(file), std::string("one two\0three", 13));
     fakes.folder.write("page", "<TD>5\r Mar\r\r\n</TD>\r");
     EXPECT_EQ(readFlarePage(file), "<TD>5 Mar</TD>") << "a carriage return alone is a line end";
+    fakes.folder.write("page", "Iridium\xA0\r\n7");
+    EXPECT_EQ(readFlarePage(file), "Iridium\u00A07") << "a page of Windows";
     fakes.folder.write("page", "");
     EXPECT_EQ(readFlarePage(file), "");
     EXPECT_THROW(readFlarePage(fakes.folder.appPath() + "none"), FileError);

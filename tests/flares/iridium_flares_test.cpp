@@ -141,6 +141,10 @@ TEST_F(IridiumFlaresTest, FlaresThatCannotBeWrittenAreAFailure) {
 TEST_F(IridiumFlaresTest, AWindowClosedBeforeTheFetchFetchesNothing) {
     fakes.events.onYield = [&] { Form_Unload(form); };
     retrieve();
+    // The end of the program closes the windows without unloading them.
+    form = {};
+    fakes.events.onYield = [&] { state.MainTag = "exit"; };
+    retrieve();
     EXPECT_TRUE(fakes.fetcher.requests.empty());
     EXPECT_TRUE(fakes.dialogs.messages.empty());
 }

@@ -136,6 +136,14 @@ TEST_F(QtDialogsTest, AnInputGivesTheLineAsTypedOrNothing) {
         press(dialog, Qt::Key_Return);
     });
     EXPECT_EQ(typed, " Z\xC3\xBCrich ");
+    const auto pasted = answered([](QInputDialog& dialog) {
+        dialog.findChild<QLineEdit*>()->setText(
+            QString::fromUtf8("\n A\r\nB\xE2\x80\xA8"
+                              "C\xC2\x85"
+                              "D \xC3\xA9\xE2\x80\xA9\n"));
+        press(dialog, Qt::Key_Return);
+    });
+    EXPECT_EQ(pasted, " A  B C D \xC3\xA9") << "a line of a file is to hold it";
     const auto emptied = answered([](QInputDialog& dialog) {
         dialog.findChild<QLineEdit*>()->clear();
         press(dialog, Qt::Key_Return);

@@ -4,6 +4,7 @@
 
 #include <QFile>
 #include <QProcess>
+#include <QProcessEnvironment>
 #include <filesystem>
 #include <sstream>
 
@@ -83,6 +84,22 @@ TEST_F(StarterTest, StartsTheStationOfItsFolderWithALogThatIsKept) {
     std::filesystem::remove(noted);
     ASSERT_TRUE(starts({"--stop"}));
     EXPECT_EQ(textOf(program / "station.log"), "a word\na word\n") << "who ends it reads it himself";
+}
+
+TEST_F(StarterTest, TellsTheLogThatThereIsNoStation) {
+    std::filesystem::remove(program / "vantrace-station");
+    QProcess starter;
+    QProcessEnvironment environment;
+    environment.insert("PATH", "");
+    environment.insert("HOME", QString::fromStdString(program.string()));
+    starter.setProcessEnvironment(environment);
+    starter.start(QString::fromStdString((program / "wispdde.exe").string()), {});
+    ASSERT_TRUE(starter.waitForFinished());
+    if (starter.exitCode() == 0) GTEST_SKIP() << "a station is installed on this machine";
+    EXPECT_EQ(textOf(program / "station.log").find("vantrace-station was found neither in "), 0U);
+    EXPECT_NE(textOf(program / "station.log").find(VANTRACE_INSTALLED_PROGRAMS), std::string::npos)
+        << "where the programs are installed it looks for them";
+    EXPECT_EQ(starter.readAllStandardError().toStdString(), textOf(program / "station.log"));
 }
 
 TEST_F(StarterTest, StartsItWhereNoLogCanBeWritten) {

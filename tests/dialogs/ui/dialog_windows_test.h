@@ -17,8 +17,8 @@
 #include <utility>
 #include <vector>
 
+#include "core/ui/choice_list.h"
 #include "core/ui/scrolled_contents.h"
-#include "dialogs/ui/choice_list.h"
 #include "dialogs/ui/groups_window.h"
 #include "dialogs/ui/locations_window.h"
 #include "dialogs/ui/main_settings_window.h"

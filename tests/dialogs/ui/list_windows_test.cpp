@@ -60,6 +60,9 @@ TEST_F(ListWindowsTest, TicksOfTheMouseAndOfTheKeyboardAreFavourites) {
     EXPECT_EQ(childOf<ChoiceList>(window, satellites)->currentIndex().row(), station);
     clickRow(window, satellites, station == 0 ? 1 : 0);
     EXPECT_NE(textOf(window, "Details"), details);
+    EXPECT_EQ(childOf<QWidget>(window, "Details")->accessibleName().toStdString(),
+              "Selected Satellite Information: " + textOf(window, "Details"))
+        << "what is heard of it";
     clickRow(window, satellites, station);
     EXPECT_EQ(textOf(window, "Details"), details);
     EXPECT_FALSE(isTicked(window, satellites, station)) << "on the name nothing is ticked";

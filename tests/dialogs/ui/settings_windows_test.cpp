@@ -14,6 +14,11 @@ TEST_F(SettingsWindowsTest, ThePlaceThatIsTypedIsTheProgramsAsTheWindowCloses) {
     EXPECT_EQ(textOf(window, "Tlatitude"), "48.21");
     EXPECT_FALSE(childOf<QLineEdit>(window, "Tlatdeg")->isVisible());
     EXPECT_EQ(window->focusWidget(), childOf<QLineEdit>(window, "Tlocation"));
+    auto* const location = childOf<QLineEdit>(window, "Tlocation");
+    location->selectAll();
+    location->insert(QStringLiteral("Graz\r\nx\n"));
+    emit location->textEdited(location->text());
+    EXPECT_EQ(stored("Location Name"), "Graz  x") << "as from the clipboard";
     retype(window, "Tlocation", "Graz");
     retype(window, "Tlatitude", "95");
     retype(window, "Tlongitude", "344.5");

@@ -140,6 +140,18 @@ TEST_F(IridiumFlaresWindowTest, ABadPageLeavesTheListAsFarAsItCame) {
     EXPECT_TRUE(fakes.dialogs.messages[0].starts_with("There was a problem with the Flare Results"));
 }
 
+TEST_F(IridiumFlaresWindowTest, AnEmptyListTellsWhetherThereAreNoFlaresOrNoneYet) {
+    IridiumFlares* const window = open();
+    const std::string whatToDo = textOf(window, "hint");
+    page = pageStart + pageEnd;
+    click(window, "BUTgetFlares");
+    EXPECT_TRUE(childOf<QLabel>(window, "hint")->isVisible());
+    EXPECT_NE(textOf(window, "hint").find("no flares that can be seen"), std::string::npos);
+    page = "busy";
+    click(window, "BUTgetFlares");
+    EXPECT_EQ(textOf(window, "hint"), whatToDo);
+}
+
 TEST_F(IridiumFlaresWindowTest, AVeryLongCellIsCutOnTheScreen) {
     page = pageStart + flareRow({"5 Jan", "1:00", std::string(1'000'000, 'x')}) + pageEnd;
     IridiumFlares* const window = open();

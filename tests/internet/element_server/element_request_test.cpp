@@ -74,8 +74,13 @@ TEST(ElementRequest, AGroupThatHasCeasedIsKnown) {
     ASSERT_TRUE(ceased);
     EXPECT_TRUE(ceased->hasCeased);
     EXPECT_EQ(ceased->group, "Molniya");
-    EXPECT_FALSE(
-        elementRequest("http://celestrak.org/NORAD/elements/iridium-NEXT.txt", "celestrak.org")->hasCeased);
+    for (const auto& [name, isCeased] :
+         {std::pair{"noaa", true}, {"other", true}, {"other-comm", false}, {"iridium-NEXT", false}}) {
+        const std::string url = "http://celestrak.org/NORAD/elements/" + std::string(name) + ".txt";
+        EXPECT_EQ(elementRequest(url, "celestrak.org")->hasCeased, isCeased) << name;
+    }
+    EXPECT_EQ(elementRequest("http://celestrak.org/NORAD/elements/1982-092.txt", "celestrak.org")->group,
+              "cosmos-1408-debris");
 }
 
 }  // namespace

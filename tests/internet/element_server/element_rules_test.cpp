@@ -189,6 +189,24 @@ TEST_F(ElementRules, AHostThatTakesTooLongRestsAMinute) {
     EXPECT_EQ(messageOf(fetcher->FetchToFile("http://live.example/y", file)), "");
     advanceMinutes(1);
     EXPECT_EQ(messageOf(fetcher->FetchToFile(url, file)), "");
+    // Nor one that had begun to answer.
+    client.fails(HttpFailure::closed, true, 6, 200);
+    EXPECT_EQ(codeOf(fetcher->FetchToFile(url, file)), static_cast<int>(HttpFailure::closed));
+    client.answers(200, "OK", "x");
+    EXPECT_EQ(messageOf(fetcher->FetchToFile(url, file)), "");
+}
+
+TEST_F(ElementRules, AnAnswerThatCantBeKeptIsRememberedAsSuch) {
+    client.onGet = [this] { std::filesystem::create_directory(folder.path() / "stations.txt"); };
+    const auto error = fetch("stations");
+    EXPECT_EQ(codeOf(error), static_cast<int>(HttpFailure::file));
+    EXPECT_NE(messageOf(error).find("; not asked again before 14:00:00"), std::string::npos)
+        << messageOf(error);
+    client.onGet = nullptr;
+    std::filesystem::remove(folder.path() / "stations.txt");
+    restart();
+    const std::string reason = messageOf(fetch("stations"));
+    EXPECT_NE(reason.find("couldn't be kept"), std::string::npos) << reason;
 }
 
 TEST_F(ElementRules, AGroupThatHasCeasedIsntAsked) {

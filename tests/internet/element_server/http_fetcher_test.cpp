@@ -48,8 +48,8 @@ TEST_F(FetcherTest, RedirectsOfPlainHostsAreFollowedToAnyButTheElementHost) {
 
 TEST_F(FetcherTest, WhatAKilledRunLeftBehindGoesAfterADay) {
     using namespace std::chrono_literals;
-    const std::vector<std::string> old{"x.dat.aB3dEf.part", "x.dat.aB3dEf.tmp", "x.dat.bak.part",
-                                       "y.dat.aB3dEf.part"};
+    const std::vector<std::string> old{"x.dat.aB3dEf.part", "x.dat.aB3dEf.tmp",    "x.dat.bak.part",
+                                       "y.dat.aB3dEf.part", "keps.tmp.aB3dEf.tmp", "fetches.dat.aB3dEf.tmp"};
     for (const std::string& name : old) {
         folder.write(name, "half");
         std::filesystem::last_write_time(folder.path() / name,

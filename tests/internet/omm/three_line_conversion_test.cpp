@@ -44,6 +44,7 @@ TEST(ThreeLineConversionTest, TheOddExamplesAreReadByTheEngine) {
         EXPECT_EQ(conversion.good, good) << name;
         EXPECT_EQ(setsOf(conversion.text).size(), static_cast<std::size_t>(good)) << name;
     }
+    EXPECT_EQ(threeLinesFromMessages("\r\n  \n " + example("vanguard1.xml")).good, 1);
     // As published for these very elements.
     EXPECT_EQ(threeLinesFromMessages(example("kvn_variant_units.kvn")).text,
               "ISS (ZARYA)             \r\n"

@@ -76,10 +76,16 @@ class FakeRotatorDaemon final : public FakeDaemon {
   public:
     using FakeDaemon::FakeDaemon;
     std::string limits = "0 360 0 90";
+    /// An azimuth below 0 is gone to a whole turn higher.
+    bool foldsBelowZero = false;
 
   protected:
     std::string usual(const std::string& command) override {
         if (command.starts_with("+P ")) m_position = command.substr(3);
+        if (foldsBelowZero && m_position.starts_with('-')) {
+            m_position =
+                std::to_string(std::stod(m_position) + 360.0) + m_position.substr(m_position.find(' '));
+        }
         const auto word = [](const std::string& text, int n) {
             std::size_t at = 0;
             while (n-- > 0) at = text.find(' ', at) + 1;

@@ -43,6 +43,20 @@ TEST(LoneFollower, GoesOnThroughNorthWhereItCanAndTurnsOnceWhereItCannot) {
     EXPECT_FALSE(overlap.hasTurned());
 }
 
+TEST(LoneFollower, KeepsLookingOverTheTopForAsLongAsItCan) {
+    constexpr RotatorLimits flipping{0, 360, 0, 180};
+    LoneFollower follower;
+    follower.goOnFrom({190, 140});
+    EXPECT_EQ(follower.follow({11, 40}, flipping), (RotatorPosition{191, 140}));
+    EXPECT_EQ(follower.follow({12, -1}, flipping), (RotatorPosition{192, 180})) << "it waits at the horizon";
+    EXPECT_FALSE(follower.hasTurned());
+    EXPECT_FALSE(follower.isOutOfReach());
+    EXPECT_EQ(follower.follow({13, 40}, plain), (RotatorPosition{13, 40}));
+    EXPECT_TRUE(follower.hasTurned()) << "told, for it swings by half a turn";
+    EXPECT_EQ(follower.follow({14, 40}, flipping), (RotatorPosition{14, 40}));
+    EXPECT_FALSE(follower.hasTurned());
+}
+
 TEST(LoneFollower, GoesOnFromWhereThePlanHasLeftItAndTellsWhatIsOutOfReach) {
     LoneFollower follower;
     follower.goOnFrom({438, 30});

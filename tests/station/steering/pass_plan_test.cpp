@@ -9,6 +9,7 @@ constexpr RotatorLimits plain{0, 360, 0, 90};
 constexpr RotatorLimits southStop{-180, 180, 0, 90};
 constexpr RotatorLimits overlapping{0, 450, 0, 90};
 constexpr RotatorLimits flipping{0, 360, 0, 180};
+constexpr RotatorLimits doubtful{-180, 450, 0, 90, true};
 constexpr RotatorLimits everything{-180, 540, 0, 180};
 
 /// A path of even azimuth steps at one elevation, a point a second.
@@ -95,6 +96,16 @@ TEST(PassPlan, OfEqualWaysTheNearOneAndNeverAFlipWithoutNeed) {
     EXPECT_NEAR(planPass(path, overlapping, RotatorPosition{400, 0}).points[0].position.azimuthDeg, 380,
                 1e-9);
     EXPECT_FALSE(planPass(path, everything, RotatorPosition{200, 150}).points[0].isFlipped);
+}
+
+TEST(PassPlan, DoubtfulAzimuthsAreTakenOnlyToSaveATurn) {
+    const PassPlan certain = planPass(arc(300, 440), doubtful, RotatorPosition{0, 0});
+    EXPECT_TRUE(certain.turns.empty());
+    EXPECT_NEAR(certain.points.front().position.azimuthDeg, 300.0, 1e-9);
+    // No way of 180 degrees from 320 on fits between 0 and 450.
+    const PassPlan saving = planPass(arc(320, 500), doubtful, RotatorPosition{320, 0});
+    EXPECT_TRUE(saving.turns.empty());
+    EXPECT_NEAR(saving.points.front().position.azimuthDeg, -40.0, 1e-9);
 }
 
 TEST(PassPlan, AnUnavoidableTurnIsMadeWhereTheSatelliteIsLowest) {

@@ -71,6 +71,36 @@ TEST_F(RotatorControlTest, LimitsAndPositionAreRead) {
     EXPECT_EQ(daemon.of("+p").size(), 2U) << "at the beginning, and not at every tick";
 }
 
+TEST_F(RotatorControlTest, AzimuthsBelowZeroEndWhereTheRotatorStandsATurnAboveThem) {
+    for (const bool folds : {false, true}) {
+        daemon.limits = "-180 450 0 90";
+        daemon.foldsBelowZero = folds;
+        rotator.limitsInForce = [this] {
+            RotatorLimits limits = *rotator.limits();
+            limits.isBelowZeroDoubtful = limits.azimuthLeastDeg < 0.0;
+            return limits;
+        };
+        const double start = folds ? 100.0 : 0.0;
+        daemon.come(start);
+        daemon.serve(start);
+        for (int second = 1; second < 16; ++second) {
+            rotator.point({-40.0 - 0.1 * second, 20});
+            rotator.tick(start + second);
+            daemon.serve(start + second);
+            const bool isLeft = rotator.limits()->azimuthLeastDeg == 0.0;
+            EXPECT_FALSE(isLeft && second < 6) << "it may be on its way";
+        }
+        EXPECT_EQ(rotator.limits()->azimuthLeastDeg, folds ? 0.0 : -180.0);
+        daemon.session.disconnected("closed", start + 20);
+        daemon.come(start + 40);
+        daemon.serve(start + 40);
+        EXPECT_EQ(rotator.limits()->azimuthLeastDeg, folds ? 0.0 : -180.0) << "what the driver says is known";
+        daemon.session.disconnected("closed", start + 50);
+    }
+    EXPECT_EQ(std::ranges::count_if(told, [](const std::string& t) { return t.ends_with("are left out"); }),
+              1);
+}
+
 TEST_F(RotatorControlTest, LimitsThatMakeNoSenseAreNone) {
     for (const char* const limits : {"0 0 0 90", "360 0 0 90", "0 1e9 0 90", "x 360 0 90", "0 360 90 0"}) {
         daemon.limits = limits;

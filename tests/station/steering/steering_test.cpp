@@ -123,7 +123,17 @@ TEST_F(SteeringTest, APassThroughNorthGoesOverTheTopWhereTheRotatorCan) {
         begin = plusSeconds(pass.start, 2.0);
         rotatorDaemon.commands.clear();
         start();
-        run("METEOR-M2 3", 0, pass.lengthSeconds() - 4);
+        const auto jump = std::ranges::adjacent_find(pass.path, [](const PathPoint& a, const PathPoint& b) {
+            return std::abs(a.direction.azimuthDeg - b.direction.azimuthDeg) > 180.0;
+        });
+        const double crossing = std::floor(jump->seconds);
+        // Behind north the other way is as good, but for where the antenna is.
+        run("METEOR-M2 3", 0, crossing + 10);
+        rotatorDaemon.session.disconnected("closed", crossing + 10);
+        rotatorDaemon.come(crossing + 20);
+        run("METEOR-M2 3", crossing + 20, crossing + 30);
+        give("", crossing + 30);
+        run("METEOR-M2 3", crossing + 31, pass.lengthSeconds() - 4);
         double last = -1.0;
         for (const std::string& command : rotatorDaemon.of("+P")) {
             const double azimuth = std::stod(command.substr(3));

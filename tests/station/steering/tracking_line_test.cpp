@@ -23,13 +23,13 @@ TEST(TrackingLine, IsReadWithPointAndWithComma) {
     EXPECT_DOUBLE_EQ(line->direction.elevationDeg, -43.23);
     EXPECT_DOUBLE_EQ(*line->uplinkHz, 145988800);
     EXPECT_DOUBLE_EQ(*line->downlinkHz, 145801200);
-    EXPECT_DOUBLE_EQ(line->dopplerAt100Hz, 831.217477326618);
+    EXPECT_DOUBLE_EQ(line->dopplerHzAt100MHz, 831.217477326618);
     const auto comma =
         readTrackingLine("SNX AZ0,50 EL7,25 UP0 DN437125000.5 DO-0,0000000142108547152", fault);
     ASSERT_TRUE(comma) << fault;
     EXPECT_DOUBLE_EQ(comma->direction.azimuthDeg, 0.5);
     EXPECT_DOUBLE_EQ(comma->direction.elevationDeg, 7.25);
-    EXPECT_DOUBLE_EQ(comma->dopplerAt100Hz, -1.42108547152e-8);
+    EXPECT_DOUBLE_EQ(comma->dopplerHzAt100MHz, -1.42108547152e-8);
     EXPECT_DOUBLE_EQ(*comma->downlinkHz, 437125000.5);
     EXPECT_EQ(faultOf("SNX AZ1 EL1 UP0 DN0 DO1.5E-16"), "");
     const auto wild = readTrackingLine("SNX AZ1 EL1 UP-5 DN2E+12 DO0", fault);

@@ -78,6 +78,13 @@ TEST_F(TrackerWindowTest, WhatIsTypedIsTakenAndLeftAloneWhileItIsTyped) {
     EXPECT_EQ(downlink->currentText().toStdString(), "437.550");
     EXPECT_EQ(downlink->lineEdit()->cursorPosition(), 3);
     EXPECT_EQ(textOf(window, "lblDownlink").substr(0, 4), "437.");
+    for (const char* const name : {"COMuplink", "COMdownlink"}) {
+        auto* const box = childOf<QComboBox>(window, name);
+        box->addItem("437.550");
+        box->lineEdit()->clear();
+        QTest::keyClicks(box->lineEdit(), "437.5");
+        EXPECT_EQ(box->currentText().toStdString(), "437.5") << name << " completes to what isn't meant";
+    }
 }
 
 TEST_F(TrackerWindowTest, NeitherEscapeNorTheWheelEndsWhatIsTracked) {

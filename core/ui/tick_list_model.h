@@ -5,7 +5,7 @@
 #include <functional>
 #include <vector>
 
-#include "dialogs/lists.h"
+#include "core/lists.h"
 
 namespace vantrace {
 

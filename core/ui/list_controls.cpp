@@ -1,4 +1,4 @@
-#include "dialogs/ui/list_controls.h"
+#include "core/ui/list_controls.h"
 
 #include <QComboBox>
 #include <QItemSelectionModel>
@@ -7,9 +7,9 @@
 #include <algorithm>
 #include <utility>
 
+#include "core/ui/choice_list.h"
+#include "core/ui/tick_list_model.h"
 #include "core/ui/wheel_guard.h"
-#include "dialogs/ui/choice_list.h"
-#include "dialogs/ui/tick_list_model.h"
 
 namespace vantrace {
 
@@ -64,23 +64,26 @@ void TickListControl::write(const TickList& form) {
     }
 }
 
-PickListControl::PickListControl(QComboBox& box) : m_box(box) {
+DropDownControl::DropDownControl(QComboBox& box) : m_box(box) {
     new WheelGuard(box);
 }
 
-void PickListControl::read(PickList& form) const {
+void DropDownControl::read(DropDown& form) const {
     const int index = m_box.currentIndex();
-    if (index < 0 || index == form.selected) return;
+    // What the program changed and the box doesn't show yet holds.
+    if (index < 0 || index == form.selected || m_emptyings != form.emptyings) return;
     // Not the box's own text: names come from files, and their bytes needn't survive the box.
-    form.select(static_cast<std::size_t>(index));
+    if (static_cast<std::size_t>(index) < form.list.size()) form.select(static_cast<std::size_t>(index));
 }
 
-void PickListControl::write(const PickList& form) {
+void DropDownControl::write(const DropDown& form) {
     const QSignalBlocker quiet(m_box);
-    if (static_cast<std::size_t>(m_box.count()) != form.list.size()) {
-        m_box.clear();
-        for (const std::string& text : form.list) m_box.addItem(QString::fromStdString(text));
-        m_box.setCurrentIndex(noEntry);
+    const auto size = static_cast<int>(form.list.size());
+    if (std::exchange(m_emptyings, form.emptyings) != form.emptyings || m_box.count() > size) m_box.clear();
+    // Without one the first entry that is added would be chosen.
+    if (m_box.placeholderText().isEmpty()) m_box.setPlaceholderText(QString::fromStdString(form.text));
+    for (int i = m_box.count(); i < size; ++i) {
+        m_box.addItem(QString::fromStdString(form.list[static_cast<std::size_t>(i)]));
     }
     int index = form.selected;
     if (index == noEntry && !form.text.empty()) {

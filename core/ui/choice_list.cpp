@@ -1,4 +1,4 @@
-#include "dialogs/ui/choice_list.h"
+#include "core/ui/choice_list.h"
 
 #include <QItemSelectionModel>
 #include <QKeyEvent>

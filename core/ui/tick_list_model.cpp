@@ -1,4 +1,4 @@
-#include "dialogs/ui/tick_list_model.h"
+#include "core/ui/tick_list_model.h"
 
 namespace vantrace {
 

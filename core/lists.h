@@ -1,9 +1,10 @@
-// Lists as the structs of the settings dialogs hold them. Windows look at the counters, so that long lists
+// Lists and drop-downs as the windows' structs hold them. Windows look at the counters, so that long lists
 // aren't compared entry by entry.
 #pragma once
 
 #include <cstddef>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -29,6 +30,7 @@ struct NameList {
         selected = index;
         ++changes;
     }
+    const std::string& selectedText() const { return list.at(static_cast<std::size_t>(selected)); }
     /// Takes the entry away that is selected.
     void removeSelected() {
         if (!isSelected()) return;
@@ -79,17 +81,32 @@ struct TickList {
 };
 
 /// A drop-down whose text need not be an entry of its list.
-struct PickList {
+struct DropDown {
     std::string text;
     std::vector<std::string> list;
     /// The entry that was picked.
     int selected = noEntry;
+    /// Counts how often the list was emptied; between two times it only grows.
+    unsigned emptyings = 0;
 
     /// Shows an entry. Throws std::out_of_range where there is none.
     void select(std::size_t index) {
         text = list.at(index);
         selected = static_cast<int>(index);
     }
+    /// Shows a text, an entry or not, as nobody's pick.
+    void show(std::string_view shown) {
+        text = shown;
+        selected = noEntry;
+    }
+    /// Empties the list and shows a text.
+    void empty(std::string_view shown) {
+        list.clear();
+        show(shown);
+        ++emptyings;
+    }
+    /// As long as it shows one of the texts that ask the user to select.
+    bool isUnselected() const { return text.find("elect") != std::string::npos; }
 };
 
 }  // namespace vantrace

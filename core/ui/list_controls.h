@@ -1,10 +1,10 @@
-// The lists of dialogs/lists.h on the controls of Qt.
+// Lists and drop-downs (core/lists.h) on the controls of Qt.
 #pragma once
 
 #include <functional>
 #include <string>
 
-#include "dialogs/lists.h"
+#include "core/lists.h"
 
 class QComboBox;
 class QStringListModel;
@@ -43,16 +43,18 @@ class TickListControl {
     unsigned m_tickChanges = 0;
 };
 
-/// The list of a drop-down is written once; a text that is no entry of it stands in the place of one.
-class PickListControl {
+/// A text that is no entry of the list stands in the place of one.
+class DropDownControl {
   public:
-    explicit PickListControl(QComboBox& box);
+    explicit DropDownControl(QComboBox& box);
 
-    void read(PickList& form) const;
-    void write(const PickList& form);
+    void read(DropDown& form) const;
+    /// Adds what has come to the list; an emptied one is written anew. Nobody is told of it.
+    void write(const DropDown& form);
 
   private:
     QComboBox& m_box;
+    unsigned m_emptyings = 0;
 };
 
 }  // namespace vantrace
