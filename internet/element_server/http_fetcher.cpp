@@ -21,7 +21,7 @@ namespace vantrace {
 
 namespace {
 
-constexpr std::size_t longestFileBytes = 64 * 1024 * 1024;
+constexpr std::size_t longestFileBytes = std::size_t{64} * 1024 * 1024;
 constexpr std::size_t longestNoticeBytes = 4096;
 constexpr std::size_t mostRemarks = 20;
 constexpr int mostRedirects = 10;

@@ -9,6 +9,7 @@
 #include "core/program_state.h"
 #include "core/services.h"
 #include "core/ui/scrolled_contents.h"
+#include "platform/one_line.h"
 #include "ui_pass_wizard.h"
 
 namespace vantrace {
@@ -23,7 +24,9 @@ void setFieldText(QLineEdit& field, const std::string& text) {
 
 /// A text that the field can't show to the last byte stays what it is until the user changes it.
 void readField(const QLineEdit& field, std::string& text) {
-    if (field.text() != QString::fromStdString(text)) text = field.text().toStdString();
+    if (field.text() != QString::fromStdString(text)) {
+        text = oneLine(field.text().toStdString());
+    }
 }
 
 }  // namespace
