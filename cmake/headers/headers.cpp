@@ -1,0 +1,1 @@
+// Gives precompiled headers something to belong to.

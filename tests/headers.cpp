@@ -1,1 +1,0 @@
-// Gives the precompiled headers of the tests something to belong to.
