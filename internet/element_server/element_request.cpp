@@ -58,8 +58,6 @@ constexpr std::array renamings{
     Renaming{"raduga", ""},
     Renaming{"molniya", ""},
     Renaming{"swarm", ""},
-    Renaming{"noaa", ""},
-    Renaming{"other", ""},
     Renaming{"2012-044", ""},
     Renaming{"2019-006", ""},
 };

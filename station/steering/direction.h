@@ -35,6 +35,8 @@ struct RotatorLimits {
     friend bool operator==(const RotatorLimits&, const RotatorLimits&) = default;
 };
 
+inline constexpr double wholeTurnDeg = 360.0;
+
 /// So little beyond a limit is not worth a turn: the rotator waits at the limit.
 inline constexpr double limitSlackDeg = 1.0;
 
@@ -53,7 +55,18 @@ inline RotatorPosition within(const RotatorLimits& limits, const RotatorPosition
 
 /// The azimuth of so many whole turns more or less that lies nearest to another one.
 inline double nearestTurn(double azimuthDeg, double toDeg) {
-    return toDeg + std::remainder(azimuthDeg - toDeg, 360.0);
+    return toDeg + std::remainder(azimuthDeg - toDeg, wholeTurnDeg);
+}
+
+/// The nearest position that the rotator can take, by whole turns if that leads within its azimuths.
+inline RotatorPosition turnedWithin(const RotatorLimits& limits, RotatorPosition position) {
+    const double middle = (limits.azimuthLeastDeg + limits.azimuthMostDeg) / 2.0;
+    const double turned = nearestTurn(position.azimuthDeg, middle);
+    const bool isWithin =
+        position.azimuthDeg >= limits.azimuthLeastDeg && position.azimuthDeg <= limits.azimuthMostDeg;
+    const bool isTurnedWithin = turned >= limits.azimuthLeastDeg && turned <= limits.azimuthMostDeg;
+    if (!isWithin && isTurnedWithin) position.azimuthDeg = turned;
+    return within(limits, position);
 }
 
 /// The angle between two directions, in degrees.

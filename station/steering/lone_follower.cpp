@@ -7,7 +7,6 @@ namespace vantrace {
 
 namespace {
 
-constexpr double wholeTurnDeg = 360.0;
 constexpr double halfTurnDeg = 180.0;
 
 /// How far beyond the limits an azimuth is.

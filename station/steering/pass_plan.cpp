@@ -7,7 +7,6 @@ namespace vantrace {
 
 namespace {
 
-constexpr double wholeTurnDeg = 360.0;
 constexpr double halfTurnDeg = 180.0;
 
 /// The costs of a way, each kind beyond all that the next ones can add up to.

@@ -94,7 +94,7 @@ void RotatorControl::sendPark() {
     if (m_park != Park::wanted || !isReady()) return;
     m_park = Park::asked;
     const RotatorLimits held = limitsInForce ? limitsInForce() : m_limits.value_or(RotatorLimits{});
-    const std::string command = m_restingPlace ? positionCommand(within(held, *m_restingPlace)) : "+K";
+    const std::string command = m_restingPlace ? positionCommand(turnedWithin(held, *m_restingPlace)) : "+K";
     m_session.post(positionSlot, command, [this, command](const DaemonReply& reply) {
         tellRefusal(command, reply.code);
         if (m_park == Park::asked) m_park = reply.code == 0 ? Park::none : Park::wanted;
@@ -102,6 +102,7 @@ void RotatorControl::sendPark() {
 }
 
 void RotatorControl::tick(double now) {
+    m_now = now;
     if (now < m_nextQuestion) return;
     m_nextQuestion = now + questionSeconds;
     if (!m_session.isConnected()) return;
@@ -141,6 +142,7 @@ void RotatorControl::takeLimits(const DaemonReply& reply) {
                             limits.elevationLeastDeg >= -90.0 && limits.elevationMostDeg <= 270.0;
     if (!makesSense || m_limitsOfDaemon == limits) return;
     m_limitsOfDaemon = limits;
+    m_goesBelowZero = false;
     m_limits = limits;
     if (onLimits) onLimits();
 }
@@ -149,16 +151,21 @@ void RotatorControl::takePosition(const DaemonReply& reply) {
     const std::optional<double> azimuth = number(reply, "Azimuth");
     const std::optional<double> elevation = number(reply, "Elevation");
     if (reply.code != 0 || !azimuth || !elevation) return;
-    m_present = RotatorPosition{*azimuth, *elevation};
-    watchDoubtfulAzimuth();
+    const std::optional<RotatorPosition> before =
+        std::exchange(m_present, RotatorPosition{*azimuth, *elevation});
+    watchAzimuthsBelowZero(before, m_now - std::exchange(m_presentSince, m_now));
 }
 
-/// A rotator that stays a whole turn above what it was told has no azimuths below 0, whatever its driver
-/// says.
-void RotatorControl::watchDoubtfulAzimuth() {
-    constexpr double wholeTurnDeg = 360.0;
-    const bool isTurnAbove = m_told && m_told->azimuthDeg < -limitSlackDeg &&
-                             std::abs(m_present->azimuthDeg - m_told->azimuthDeg - wholeTurnDeg) <= standsDeg;
+/// A rotator that goes to a whole turn above what it was told, and stays there, has no azimuths below 0,
+/// whatever its driver says. One that is there at once has them, and shows them so.
+void RotatorControl::watchAzimuthsBelowZero(const std::optional<RotatorPosition>& before,
+                                            double secondsBetween) {
+    const bool isSentBelowZero = m_told && m_told->azimuthDeg < -limitSlackDeg;
+    const bool isThereAtOnce = isSentBelowZero && before && secondsBetween < 2.0 * questionSeconds &&
+                               m_present->azimuthDeg - before->azimuthDeg > wholeTurnDeg / 2.0;
+    if (m_present->azimuthDeg < -limitSlackDeg || isThereAtOnce) m_goesBelowZero = true;
+    const bool isTurnAbove =
+        isSentBelowZero && std::abs(m_present->azimuthDeg - m_told->azimuthDeg - wholeTurnDeg) <= standsDeg;
     m_timesTurnAbove = isTurnAbove ? m_timesTurnAbove + 1 : 0;
     if (m_timesTurnAbove < standsTimes || !m_limits || !limitsInForce) return;
     if (!limitsInForce().isBelowZeroDoubtful) return;

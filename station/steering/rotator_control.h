@@ -22,8 +22,8 @@ class RotatorControl {
     void pointExactly(const RotatorPosition& position);
     /// Lets it stop where it is.
     void stop();
-    /// Sends it to rest: at a place, held to the limits, or without one where the daemon knows that it rests.
-    /// Again and again, until that has been done or it is pointed somewhere or stopped.
+    /// Sends it to rest: at a place, turned and held into the limits, or without one where the daemon knows
+    /// that it rests. Again and again, until that has been done or it is pointed somewhere or stopped.
     void park(const std::optional<RotatorPosition>& place);
     /// Asks now and then where it stands.
     void tick(double now);
@@ -37,6 +37,9 @@ class RotatorControl {
     /// The limits that the daemon tells, but from 0 on where azimuths below it turned out to be none; nothing
     /// before it has.
     const std::optional<RotatorLimits>& limits() const { return m_limits; }
+    /// Whether it has been where its daemon's limits, as told now, lie below 0, so that these are no mere
+    /// words.
+    bool goesBelowZero() const { return m_goesBelowZero; }
     /// Called when the limits have been told, and whenever they are others.
     std::function<void()> onLimits;
     /// What the place of rest is held to, and what says whether azimuths are doubtful; else the limits that
@@ -52,7 +55,7 @@ class RotatorControl {
     void askForPosition();
     void takeLimits(const DaemonReply& reply);
     void takePosition(const DaemonReply& reply);
-    void watchDoubtfulAzimuth();
+    void watchAzimuthsBelowZero(const std::optional<RotatorPosition>& before, double secondsBetween);
     void tellRefusal(const std::string& command, int code);
 
     DaemonSession& m_session;
@@ -63,6 +66,7 @@ class RotatorControl {
     std::optional<RotatorLimits> m_limits;
     /// The same as the daemon has told them.
     std::optional<RotatorLimits> m_limitsOfDaemon;
+    bool m_goesBelowZero = false;
     /// How many times in a row it stood a whole turn above where it had been told to go.
     int m_timesTurnAbove = 0;
     bool m_areLimitsAsked = false;
@@ -70,6 +74,8 @@ class RotatorControl {
     Park m_park = Park::none;
     std::optional<RotatorPosition> m_restingPlace;
     int m_refusal = 0;
+    double m_now = 0.0;
+    double m_presentSince = 0.0;
     double m_nextQuestion = 0.0;
 };
 

@@ -44,7 +44,9 @@ RotatorLimits Steering::limits() const {
         limits.azimuthLeastDeg = azimuths->first;
         limits.azimuthMostDeg = azimuths->second;
     } else {
-        limits.isBelowZeroDoubtful = limits.azimuthLeastDeg < 0.0 && limits.azimuthMostDeg > 360.0;
+        const bool isKnown = m_devices.rotator != nullptr && m_devices.rotator->goesBelowZero();
+        limits.isBelowZeroDoubtful =
+            !isKnown && limits.azimuthLeastDeg < 0.0 && limits.azimuthMostDeg > wholeTurnDeg;
     }
     if (const auto& elevations = m_options.elevationLimitsDeg) {
         limits.elevationLeastDeg = elevations->first;

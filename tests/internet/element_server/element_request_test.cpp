@@ -75,7 +75,7 @@ TEST(ElementRequest, AGroupThatHasCeasedIsKnown) {
     EXPECT_TRUE(ceased->hasCeased);
     EXPECT_EQ(ceased->group, "Molniya");
     for (const auto& [name, isCeased] :
-         {std::pair{"noaa", true}, {"other", true}, {"other-comm", false}, {"iridium-NEXT", false}}) {
+         {std::pair{"molniya", true}, {"noaa", false}, {"other-comm", false}, {"iridium-NEXT", false}}) {
         const std::string url = "http://celestrak.org/NORAD/elements/" + std::string(name) + ".txt";
         EXPECT_EQ(elementRequest(url, "celestrak.org")->hasCeased, isCeased) << name;
     }

@@ -71,20 +71,24 @@ class FakeDaemon {
     std::size_t m_served = 0;
 };
 
-/// A rotator that is at once where it is sent.
+/// A rotator that is at once where it is sent, if it isn't told to take its time.
 class FakeRotatorDaemon final : public FakeDaemon {
   public:
     using FakeDaemon::FakeDaemon;
     std::string limits = "0 360 0 90";
     /// An azimuth below 0 is gone to a whole turn higher.
     bool foldsBelowZero = false;
+    /// An azimuth below 0 is gone to, but told as a whole turn higher.
+    bool showsWholeCircleOnly = false;
+    /// How far it turns from one question to the next.
+    double turnsDeg = 1e9;
 
   protected:
     std::string usual(const std::string& command) override {
-        if (command.starts_with("+P ")) m_position = command.substr(3);
-        if (foldsBelowZero && m_position.starts_with('-')) {
-            m_position =
-                std::to_string(std::stod(m_position) + 360.0) + m_position.substr(m_position.find(' '));
+        if (command.starts_with("+P ")) {
+            m_sentTo = std::stod(command.substr(3));
+            if (foldsBelowZero && m_sentTo < 0.0) m_sentTo += 360.0;
+            m_elevation = command.substr(command.rfind(' ') + 1);
         }
         const auto word = [](const std::string& text, int n) {
             std::size_t at = 0;
@@ -92,7 +96,9 @@ class FakeRotatorDaemon final : public FakeDaemon {
             return text.substr(at, text.find(' ', at) - at);
         };
         if (command == "+p") {
-            return "get_pos:\nAzimuth: " + word(m_position, 0) + "\nElevation: " + word(m_position, 1) +
+            m_azimuth += std::clamp(m_sentTo - m_azimuth, -turnsDeg, turnsDeg);
+            const double shown = showsWholeCircleOnly && m_azimuth < 0.0 ? m_azimuth + 360.0 : m_azimuth;
+            return "get_pos:\nAzimuth: " + std::to_string(shown) + "\nElevation: " + m_elevation +
                    "\nRPRT 0\n";
         }
         if (command == "+\\dump_state") {
@@ -105,7 +111,9 @@ class FakeRotatorDaemon final : public FakeDaemon {
     }
 
   private:
-    std::string m_position = "0.00 0.00";
+    double m_sentTo = 0.0;
+    double m_azimuth = 0.0;
+    std::string m_elevation = "0.00";
 };
 
 class FakeRadioDaemon final : public FakeDaemon {

@@ -23,6 +23,17 @@ TEST(LoneFollower, WaitsForTheMovementWhereThereIsAChoice) {
     EXPECT_NEAR(single.follow(at(200), overlapping)->azimuthDeg, 200.0, 1e-9) << "without a choice at once";
 }
 
+TEST(LoneFollower, DoubtfulAzimuthsAreGoneToOnlyByTheWay) {
+    constexpr RotatorLimits doubtful{-180, 450, 0, 90, true};
+    LoneFollower follower;
+    follower.follow(at(10), doubtful);
+    EXPECT_NEAR(follower.follow(at(9), doubtful)->azimuthDeg, 369.0, 1e-9) << "its room below is certain";
+    LoneFollower beyond;
+    beyond.goOnFrom({-179, 30});
+    EXPECT_NEAR(beyond.follow(at(-182), doubtful)->azimuthDeg, 178.0, 1e-9);
+    EXPECT_TRUE(beyond.hasTurned());
+}
+
 TEST(LoneFollower, GoesOnThroughNorthWhereItCanAndTurnsOnceWhereItCannot) {
     LoneFollower overlap;
     LoneFollower turning;

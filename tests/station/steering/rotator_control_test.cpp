@@ -72,33 +72,60 @@ TEST_F(RotatorControlTest, LimitsAndPositionAreRead) {
 }
 
 TEST_F(RotatorControlTest, AzimuthsBelowZeroEndWhereTheRotatorStandsATurnAboveThem) {
-    for (const bool folds : {false, true}) {
-        daemon.limits = "-180 450 0 90";
-        daemon.foldsBelowZero = folds;
-        rotator.limitsInForce = [this] {
-            RotatorLimits limits = *rotator.limits();
-            limits.isBelowZeroDoubtful = limits.azimuthLeastDeg < 0.0;
+    enum class Kind { goes, showsWholeCircleOnly, folds };
+    double now = 0.0;
+    for (const Kind kind : {Kind::goes, Kind::showsWholeCircleOnly, Kind::folds}) {
+        FakeRotatorDaemon fake{"rotator", told};
+        RotatorControl control{fake.session, 2.0, [this](std::string_view t) { told.emplace_back(t); }};
+        fake.limits = "-180 450 0 90";
+        fake.foldsBelowZero = kind == Kind::folds;
+        fake.showsWholeCircleOnly = kind == Kind::showsWholeCircleOnly;
+        fake.turnsDeg = 12.0;
+        control.limitsInForce = [&] {
+            RotatorLimits limits = *control.limits();
+            limits.isBelowZeroDoubtful = limits.azimuthLeastDeg < 0.0 && !control.goesBelowZero();
             return limits;
         };
-        const double start = folds ? 100.0 : 0.0;
-        daemon.come(start);
-        daemon.serve(start);
-        for (int second = 1; second < 16; ++second) {
-            rotator.point({-40.0 - 0.1 * second, 20});
-            rotator.tick(start + second);
-            daemon.serve(start + second);
-            const bool isLeft = rotator.limits()->azimuthLeastDeg == 0.0;
-            EXPECT_FALSE(isLeft && second < 6) << "it may be on its way";
+        const double start = now;
+        control.tick(start);
+        fake.come(start);
+        fake.serve(start);
+        for (; now < start + 70.0; ++now) {
+            control.point({-40.0 - 0.02 * (now - start), 20});
+            control.tick(now);
+            fake.serve(now);
+            const bool isLeft = control.limits()->azimuthLeastDeg == 0.0;
+            EXPECT_FALSE(isLeft && now < start + 40.0) << "it may be on its way";
         }
-        EXPECT_EQ(rotator.limits()->azimuthLeastDeg, folds ? 0.0 : -180.0);
-        daemon.session.disconnected("closed", start + 20);
-        daemon.come(start + 40);
-        daemon.serve(start + 40);
-        EXPECT_EQ(rotator.limits()->azimuthLeastDeg, folds ? 0.0 : -180.0) << "what the driver says is known";
-        daemon.session.disconnected("closed", start + 50);
+        const bool folds = kind == Kind::folds;
+        EXPECT_EQ(control.goesBelowZero(), !folds);
+        EXPECT_EQ(control.limits()->azimuthLeastDeg, folds ? 0.0 : -180.0);
+        fake.session.disconnected("closed", now);
+        fake.come(now + 30);
+        fake.serve(now + 30);
+        EXPECT_EQ(control.limits()->azimuthLeastDeg, folds ? 0.0 : -180.0) << "what the driver says is known";
+        EXPECT_EQ(control.goesBelowZero(), !folds);
+        now += 60.0;
     }
     EXPECT_EQ(std::ranges::count_if(told, [](const std::string& t) { return t.ends_with("are left out"); }),
               1);
+}
+
+TEST_F(RotatorControlTest, APlaceOfRestIsTakenByWholeTurnsBeforeItIsHeldToTheLimits) {
+    for (const auto& [limits, place, command] :
+         {std::tuple{"0 360 0 90", RotatorPosition{-30, 0}, "+P 330.00 0.00"},
+          std::tuple{"-180 180 0 90", RotatorPosition{270, 95}, "+P -90.00 90.00"},
+          std::tuple{"0 450 0 90", RotatorPosition{400, 0}, "+P 400.00 0.00"},
+          std::tuple{"10 90 0 90", RotatorPosition{-5, 0}, "+P 10.00 0.00"}}) {
+        FakeRotatorDaemon fake{"rotator", told};
+        RotatorControl control{fake.session, 2.0, [](std::string_view) {}};
+        fake.limits = limits;
+        fake.come(0);
+        fake.serve(0);
+        control.park(place);
+        fake.serve(0);
+        EXPECT_EQ(fake.commands.back(), command) << limits;
+    }
 }
 
 TEST_F(RotatorControlTest, LimitsThatMakeNoSenseAreNone) {
@@ -163,7 +190,7 @@ TEST_F(RotatorControlTest, TheRestIsTriedAgainUntilItIsTakenOrSomethingElseIsWan
     ticks(0, 10);
     EXPECT_GE(pointedAt().size(), 3U);
     EXPECT_LE(pointedAt().size(), 6U);
-    EXPECT_EQ(pointedAt().back(), "+P 360.00 0.00") << "held to the limits";
+    EXPECT_EQ(pointedAt().back(), "+P 40.00 0.00") << "turned into the limits";
     EXPECT_EQ(told.size(), 2U) << "connected, and refused once";
     daemon.answers.clear();
     ticks(10, 20);

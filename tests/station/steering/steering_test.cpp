@@ -79,7 +79,6 @@ class SteeringTest : public ::testing::Test {
     RadioControl radio{radioDaemon.session, RadioControl::Use::transceiver, 10.0,
                        [this](std::string_view t) { told.emplace_back(t); }};
 
-  private:
     std::optional<Steering> m_steering;
 };
 
@@ -254,7 +253,7 @@ TEST_F(SteeringTest, ARestThatHasBegunIsNotStopped) {
     options.park = {500, 170};
     Steering& steering = start(options);
     run("ISS (ZARYA)", 0, 40);
-    EXPECT_EQ(rotatorDaemon.of("+P").back(), "+P 360.00 90.00") << "held to the limits";
+    EXPECT_EQ(rotatorDaemon.of("+P").back(), "+P 140.00 90.00") << "turned and held into the limits";
     give("", 41);
     give(lineAt("ISS (ZARYA)", plusSeconds(begin, 42)), 42);
     steering.stop();
@@ -368,6 +367,55 @@ TEST_F(SteeringTest, APlanMadeBeforeTheRotatorTellsWhereItStandsIsMadeAnew) {
     ASSERT_FALSE(rotatorDaemon.of("+P").empty());
     EXPECT_NEAR(std::stod(rotatorDaemon.of("+P").front().substr(3)), stands, 1.0);
     EXPECT_EQ(rotatorDaemon.of("+P").size(), 1U);
+}
+
+TEST_F(SteeringTest, AzimuthsBelowZeroAreDoubtedOnceAndForAllByWhatTheRotatorDoes) {
+    // Falling through north from the south-east, a pass has no way above 0 without a turn.
+    const auto needsBelowZero = [](const ComingPass& pass) {
+        const auto [least, most] = azimuthRange(pass.path);
+        return pass.path.front().direction.azimuthDeg == most && most > 92.0 && least < -5.0;
+    };
+    std::vector<ComingPass> all = sky.passesOf("METEOR-M2_3", 40);
+    const auto pass = std::ranges::find_if(all, needsBelowZero);
+    ASSERT_NE(pass, all.end());
+    begin = pass->start;
+    const double length = pass->lengthSeconds();
+    rotatorDaemon.turnsDeg = 60.0;
+    for (const bool folds : {true, false}) {
+        // Another rotator, with limits of its own.
+        rotatorDaemon.foldsBelowZero = folds;
+        rotatorDaemon.limits = folds ? "-180 451 0 90" : "-180 450 0 90";
+        const double now = folds ? 1000.0 : 5000.0;
+        rotatorDaemon.session.disconnected("restarted", now - 5);
+        rotatorDaemon.come(now);
+        serve(now);
+        rotatorDaemon.commands.clear();
+        start();
+        for (double second = 1; second < length; second += 1.0) {
+            // Whoever comes back in the middle goes on where he is.
+            const double toEnd = std::floor(length) - second;
+            if (toEnd == 25.0) rotatorDaemon.session.disconnected("closed", now + second);
+            if (toEnd == 20.0) rotatorDaemon.come(now + second);
+            m_steering->lineCame(lineAt("METEOR-M2 3", plusSeconds(begin, second)),
+                                 plusSeconds(begin, second), now + second);
+            serve(now + second);
+        }
+        int belowZero = 0, turns = 0;
+        double last = 100.0;
+        for (const std::string& command : rotatorDaemon.of("+P")) {
+            const double azimuth = std::stod(command.substr(3));
+            if (azimuth < 0.0) ++belowZero;
+            if (std::abs(azimuth - last) > 180.0) ++turns;
+            last = azimuth;
+        }
+        EXPECT_GT(belowZero, 0);
+        EXPECT_EQ(turns, folds ? 1 : 0);
+        EXPECT_EQ(last > 0.0, folds);
+        EXPECT_EQ(tells("are left out"), 1) << "the one that folds";
+    }
+    SteeringOptions options;
+    options.azimuthLimitsDeg = {-180, 450};
+    EXPECT_FALSE(start(options).limits().isBelowZeroDoubtful) << "the user knows his rotator";
 }
 
 }  // namespace
