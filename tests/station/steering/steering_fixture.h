@@ -1,0 +1,86 @@
+// A whole station over fake daemons, for the tests of the steering.
+#pragma once
+
+#include <algorithm>
+
+#include "core/numbers.h"
+#include "station/steering/steering.h"
+#include "tests/station/steering/fake_daemons.h"
+#include "tests/station/steering/steering_sky.h"
+
+namespace vantrace {
+
+using Texts = std::vector<std::string>;
+
+class SkyPasses final : public PassSource {
+  public:
+    explicit SkyPasses(OrbitEngine& engine) : m_engine(engine) {}
+    std::optional<ComingPass> passOf(std::string_view name, const Instant& from,
+                                     std::string& reason) override {
+        ++looks;
+        return comingPass(m_engine, name, from, reason);
+    }
+    int looks = 0;
+
+  private:
+    OrbitEngine& m_engine;
+};
+
+/// A whole station over fake daemons, with the tracker's lines made from the engine.
+class SteeringTest : public ::testing::Test {
+  protected:
+    SteeringTest() {
+        rotatorDaemon.come(0);
+        radioDaemon.come(0);
+        serve(0);
+    }
+
+    Steering& start(const SteeringOptions& options = {}) {
+        m_steering.emplace(options, Steering::Devices{&rotator, {&radio}}, passes,
+                           [this](std::string_view text) { told.emplace_back(text); });
+        return *m_steering;
+    }
+    /// The line as the tracker has it at whole seconds.
+    std::string lineAt(const std::string& name, const Instant& time) {
+        const TrackResult track = sky.engine.track(name, time);
+        const double ratio = track.rangeRateKmS / 299792.458;
+        std::string shown = name;
+        std::ranges::replace(shown, ' ', '_');
+        return "SN" + shown + " AZ" + formatNumber(track.azimuthRad * 180 / std::numbers::pi, "0.00", ',') +
+               " EL" + formatNumber(track.elevationRad * 180 / std::numbers::pi, "0.00", ',') + " UP" +
+               formatNumber(435e6 * (1 + ratio), "0") + " DN" + formatNumber(145.8e6 * (1 - ratio), "0") +
+               " DO" + formatNumber(-ratio * 1e8, "0.####", ',');
+    }
+    void give(const std::string& line, double second) {
+        m_steering->lineCame(line, plusSeconds(begin, second), second);
+        serve(second);
+    }
+    void run(const std::string& name, double from, double to) {
+        for (double second = from; second < to; second += 1.0) {
+            give(lineAt(name, plusSeconds(begin, second)), second);
+        }
+    }
+    void serve(double now) {
+        rotator.tick(now);
+        rotatorDaemon.serve(now);
+        radioDaemon.serve(now);
+    }
+    int tells(std::string_view part) const {
+        return static_cast<int>(std::ranges::count_if(
+            told, [part](const std::string& text) { return text.find(part) != std::string::npos; }));
+    }
+
+    Texts told;
+    ShippedSky sky{52.0, 5.0};
+    Instant begin = ShippedSky::start();
+    SkyPasses passes{sky.engine};
+    FakeRotatorDaemon rotatorDaemon{"rotator", told};
+    FakeRadioDaemon radioDaemon{"radio", told};
+    RotatorControl rotator{rotatorDaemon.session, 2.0, [this](std::string_view t) { told.emplace_back(t); }};
+    RadioControl radio{radioDaemon.session, RadioControl::Use::transceiver, 10.0,
+                       [this](std::string_view t) { told.emplace_back(t); }};
+
+    std::optional<Steering> m_steering;
+};
+
+}  // namespace vantrace
