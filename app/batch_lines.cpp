@@ -10,7 +10,7 @@
 #include <span>
 #include <thread>
 
-#include "app/descriptor.h"
+#include "app/program/descriptor.h"
 #include "platform/file_descriptor.h"
 #include "platform/file_error.h"
 

@@ -8,7 +8,7 @@
 #include <string>
 #include <string_view>
 
-#include "app/console.h"
+#include "app/program/console.h"
 
 namespace vantrace {
 

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include "app/arguments.h"
 #include "app/command.h"
-#include "app/program_name.h"
+#include "app/program/arguments.h"
+#include "app/program/program_name.h"
 #include "core/version.h"
 
 namespace vantrace {
@@ -20,8 +20,7 @@ std::vector<Command> allCommands() {
 ProgramSyntax programSyntax(const std::vector<Command>& commands) {
     ProgramSyntax syntax;
     syntax.name = programName;
-    syntax.version = std::to_string(versionMajor) + "." + std::to_string(versionMinor) + "." +
-                     std::to_string(versionRevision);
+    syntax.version = fullVersion;
     syntax.summary =
         "Tells where satellites, the sun and the moon are for an observer, and when they pass, from "
         "two-line element files. Longitudes are degrees east (-180 to 180), times ISO 8601 UTC.";
@@ -49,7 +48,7 @@ int runCommand(const Command& command, const CommandLine& line, Surroundings& su
     // A site is looked at wherever one is given, so that a wrong one is told.
     const std::optional<std::string> siteText = line.value("site");
     const std::optional<Site> site = siteText ? std::optional(parseSite(*siteText)) : std::nullopt;
-    Composition program(surroundings, console, line.value("data"));
+    TextProgram program(surroundings, console, line.value("data"));
     if (command.needsSite) program.setSite(site ? *site : siteOfSettings(program.services()));
     return command.run({line, program, format});
 }

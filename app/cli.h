@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "app/composition.h"
+#include "app/program/text_program.h"
 
 namespace vantrace {
 

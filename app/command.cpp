@@ -2,7 +2,7 @@
 
 #include <optional>
 
-#include "app/arguments.h"
+#include "app/program/arguments.h"
 #include "core/texts.h"
 #include "orbit/elements/element_catalogue.h"
 

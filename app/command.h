@@ -8,8 +8,8 @@
 #include <string_view>
 #include <vector>
 
-#include "app/composition.h"
 #include "app/output/row_writer.h"
+#include "app/program/text_program.h"
 #include "platform/qt/command_line.h"
 
 namespace vantrace {
@@ -17,7 +17,7 @@ namespace vantrace {
 /// What a command is run with.
 struct CommandContext {
     const CommandLine& line;
-    Composition& program;
+    TextProgram& program;
     Format format;
 
     OrbitEngine& engine() const { return program.engine(); }

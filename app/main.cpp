@@ -10,8 +10,8 @@
 #include <vector>
 
 #include "app/cli.h"
-#include "app/descriptor.h"
 #include "app/output/row_writer.h"
+#include "app/program/descriptor.h"
 #include "platform/file_settings_store.h"
 #include "platform/system_clock.h"
 #include "platform/user_environment.h"

@@ -5,12 +5,13 @@
 #include <cstdint>
 #include <optional>
 
-#include "app/arguments.h"
 #include "app/output/calendar_text.h"
-#include "app/output/printable.h"
-#include "app/services_with.h"
+#include "app/program/arguments.h"
+#include "app/program/printable.h"
+#include "app/program/services_with.h"
 #include "core/date_time.h"
 #include "core/texts.h"
+#include "passes/pass_prediction.h"
 #include "passes/report.h"
 #include "passes/sort_results.h"
 #include "passes/window_stand_in.h"
@@ -18,12 +19,6 @@
 namespace vantrace {
 
 namespace {
-
-CalendarDate today(const Clock& clock) {
-    const ClockParts now = clock.read().local;
-    return {static_cast<std::int16_t>(now.day), static_cast<std::int16_t>(now.month),
-            static_cast<std::int16_t>(now.year)};
-}
 
 std::optional<std::int16_t> digits(std::string_view text) {
     std::int16_t value = 0;
@@ -54,12 +49,12 @@ CalendarDate dateOf(const CommandContext& context) {
 }
 
 constexpr std::array columns{
-    Column{"satellite", "", Form::text},     Column{"date", "", Form::text},
-    Column{"time", "", Form::text},          Column{"start_az", "", Form::text},
-    Column{"max_elevation", "", Form::text}, Column{"duration", "", Form::text},
-    Column{"end_az", "", Form::text},        Column{"sunlit", "", Form::text},
-    Column{"visible", "", Form::text},       Column{"start_utc", "", Form::moment},
-    Column{"end_utc", "", Form::moment},     Column{"length_s", "", Form::count},
+    Column{"satellite", "", ValueForm::text},     Column{"date", "", ValueForm::text},
+    Column{"time", "", ValueForm::text},          Column{"start_az", "", ValueForm::text},
+    Column{"max_elevation", "", ValueForm::text}, Column{"duration", "", ValueForm::text},
+    Column{"end_az", "", ValueForm::text},        Column{"sunlit", "", ValueForm::text},
+    Column{"visible", "", ValueForm::text},       Column{"start_utc", "", ValueForm::moment},
+    Column{"end_utc", "", ValueForm::moment},     Column{"length_s", "", ValueForm::count},
 };
 
 Instant startOf(const ResultRow& row, const Clock& clock) {

@@ -6,7 +6,7 @@
 #include <string>
 
 #include "app/command.h"
-#include "app/pictures/unsaved_settings.h"
+#include "app/program/unsaved_settings.h"
 #include "passes/job_run.h"
 #include "passes/pass_prediction_form.h"
 

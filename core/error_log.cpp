@@ -54,9 +54,8 @@ void ErrorLog::append(std::string_view description, std::string_view label) noex
 
 std::string ErrorLog::line(std::string_view description, std::string_view label) const {
     const ClockParts now = m_clock.read().local;
-    return std::to_string(versionMajor) + "." + std::to_string(versionMinor) +
-           std::to_string(versionRevision) + " " + m_format.dateText(now) + " - " + m_format.timeText(now) +
-           " - " + onOneLine(description) + " - " + std::string(label) + "\r\n";
+    return std::string(shortVersion) + " " + m_format.dateText(now) + " - " + m_format.timeText(now) + " - " +
+           onOneLine(description) + " - " + std::string(label) + "\r\n";
 }
 
 void LogError(Services& services, std::string_view description, std::string_view label) noexcept {

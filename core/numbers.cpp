@@ -8,14 +8,11 @@
 #include <stdexcept>
 
 #include "core/texts.h"
+#include "platform/ascii.h"
 
 namespace vantrace {
 
 namespace {
-
-bool isDigit(char sign) {
-    return sign >= '0' && sign <= '9';
-}
 
 std::size_t skipDigits(std::string_view text, std::size_t from) {
     while (from < text.size() && isDigit(text[from])) ++from;

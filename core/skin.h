@@ -29,12 +29,10 @@ struct SkinValues {
 
 /// The skin object of one window.
 struct Skin {
-    bool isCreated = false;
     /// Whether the window has the look; without it is the desktop's own.
     bool isApplied = false;
     SkinValues values;
 
-    void create() { isCreated = true; }
     /// The skin takes itself away.
     void remove() { isApplied = false; }
 };

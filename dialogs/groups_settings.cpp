@@ -148,7 +148,6 @@ std::span<const ElementFileRow> publicElementFiles() {
 void Form_Load(GroupsForm& form, ProgramState& state, Services& services) {
     ErrorLabel label(services, labels::groupsCONFormLoad);
     label.step([&] {
-        form.skin.create();
         ApplySkin(services, form.skin);
         for (const ElementFileRow& row : publicElementFiles()) {
             form.COMCelestrak.list.emplace_back(row.label);

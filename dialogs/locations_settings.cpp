@@ -104,7 +104,6 @@ std::optional<Answers> askForPlace(Services& services) {
 void Form_Load(LocationsForm& form, ProgramState& state, Services& services) {
     ErrorLabel label(services, labels::locCONFormLoad);
     label.step([&] {
-        form.skin.create();
         ApplySkin(services, form.skin);
         for (std::int16_t i = 1; i <= lastEntry; ++i) {
             const LocationRecord& location = state.Locations[i];

@@ -69,10 +69,7 @@ void loadSliders(MainSettingsForm& form, Services& services) {
 
 void Form_Load(MainSettingsForm& form, ProgramState& state, Services& services) {
     ErrorLabel label(services, labels::mainCONFormLoad);
-    label.step([&] {
-        form.skin.create();
-        ApplySkin(services, form.skin);
-    });
+    label.step([&] { ApplySkin(services, form.skin); });
     label.step([&] { loadPlace(form, services); });
     form.CHspeechpack = isTicked(services, settings::speechpack);
     if (form.CHspeechpack) label.step([&] { loadVoices(form, services); });

@@ -53,10 +53,7 @@ void loadPictures(DropDown& list, const Setting& setting, const ProgramState& st
 
 void Form_Load(MapSettingsForm& form, ProgramState& state, Services& services) {
     ErrorLabel label(services, labels::twoDconFormLoad);
-    label.step([&] {
-        form.skin.create();
-        ApplySkin(services, form.skin);
-    });
+    label.step([&] { ApplySkin(services, form.skin); });
     label.step([&] {
         form.SLgroundTrackLen = sliderSetting(services, settings::groundTrackLen, groundTrackRange);
         form.SLMapUpdate = sliderSetting(services, settings::mapUpdate, mapUpdateRange);

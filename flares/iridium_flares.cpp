@@ -12,6 +12,7 @@
 #include "core/print_document.h"
 #include "core/program_state.h"
 #include "core/services.h"
+#include "core/view_words.h"
 #include "flares/flare_file.h"
 #include "flares/flare_report.h"
 #include "flares/flare_request.h"
@@ -48,7 +49,7 @@ void retrieve(IridiumFlaresForm& form, const ProgramState& state, Services& serv
     form.LSTflares.clear();
     services.events.yield();
     // Closed meanwhile, or with all windows at the end of the program: nobody waits for the flares.
-    if (form.isUnloaded || state.MainTag == "exit") return;
+    if (form.isUnloaded || state.MainTag == mainTag::exit) return;
 
     const std::string page = dataFile(state, flaresScratchFile).string();
     if (const auto failure = fetchFlares(services, flareUrl(state), page)) {
@@ -71,10 +72,7 @@ void retrieve(IridiumFlaresForm& form, const ProgramState& state, Services& serv
 void Form_Load(IridiumFlaresForm& form, const ProgramState& state, Services& services) {
     ErrorLabel label(services, labels::iridiumFormLoad);
     form.Label1 = idleCaption;
-    label.step([&] {
-        form.skin.create();
-        ApplySkin(services, form.skin);
-    });
+    label.step([&] { ApplySkin(services, form.skin); });
     label.step([&] {
         const std::filesystem::path file = dataFile(state, flaresFile);
         if (FileExists(file)) loadFlares(file, form.LSTflares);

@@ -7,10 +7,12 @@
 #include "core/core_services.h"
 #include "core/error_label.h"
 #include "core/labels.h"
+#include "core/nearest_favourite.h"
 #include "core/numbers.h"
 #include "core/program_state.h"
 #include "core/services.h"
 #include "core/spoken_name.h"
+#include "core/view_words.h"
 #include "horizon/paint_screen.h"
 #include "horizon/sky_projection.h"
 #include "station/announcements.h"
@@ -19,11 +21,8 @@ namespace vantrace {
 
 namespace {
 
-/// `Main` opens the view when it comes back. One that isn't there leaves the panorama where it is.
 void switchTo(HorizonView& view, std::string_view next, std::string_view window) {
-    if (!window.empty() && !view.services.windows.isRegistered(window)) return;
-    view.state.NextView = next;
-    view.services.windows.unload("Horizon");
+    switchView(view.state, view.services, "Horizon", next, window);
 }
 
 /// Both marks turn over whatever they show, so that a click on what holds already puts them wrong.
@@ -42,15 +41,10 @@ void announceAll(HorizonView& view) {
     view.form.Timer5sec = {pauseMs, true};
 }
 
-std::string wholePart(double degrees) {
-    return numberText(std::floor(degrees));
-}
-
 }  // namespace
 
 void Form_Load(HorizonView& view) {
     ErrorLabel label(view.services, labels::horizonFormLoad);
-    view.form.skin.create();
     label.step([&] { ApplySkin(view.services, view.form.skin); });
     readPlace(view.form.place, view.services, label);
     ++view.form.placements;
@@ -75,28 +69,18 @@ void Timer5sec_Timer(HorizonView& view) {
     label.step([&] {
         if (view.state.PrimarySatIndex == 0 || !view.form.Mposannounce.isChecked) return;
         const FavouriteRecord& favourite = view.state.Favourites[view.state.PrimarySatIndex];
-        Speak(view.services,
-              "Heading " + wholePart(favourite.Azimuth) + ", Elevation " + wholePart(favourite.Elevation));
+        Speak(view.services, "Heading " + wholeDegrees(favourite.Azimuth) + ", Elevation " +
+                                 wholeDegrees(favourite.Elevation));
     });
 }
 
 void Final_MouseDown(HorizonView& view, double X, double Y) {
     ErrorLabel label(view.services, labels::horizonFinalMousedown);
     ProgramState& state = view.state;
-    std::int16_t best = 32700;
-    std::int16_t choice = 0;
-    for (std::int16_t i = 1; i <= state.FavouriteCount; ++i) {
-        label.step([&] {
-            const FavouriteRecord& favourite = state.Favourites[i];
-            const double distance =
-                std::abs(X - AzimuthToX(view.form.CenteredNorth, view.form.innerWidth, favourite.Azimuth)) +
-                std::abs(Y - ElevationToY(view.form.innerHeight, favourite.Elevation));
-            if (distance < best) {
-                choice = i;
-                best = toInteger16(distance);
-            }
-        });
-    }
+    const std::int16_t choice = nearestFavourite(state, label, [&](const FavouriteRecord& favourite) {
+        return std::abs(X - AzimuthToX(view.form.CenteredNorth, view.form.innerWidth, favourite.Azimuth)) +
+               std::abs(Y - ElevationToY(view.form.innerHeight, favourite.Elevation));
+    });
     state.PrimarySatIndex = choice;
     label.step(
         [&] { Speak(view.services, "Selected Satellite " + SpokenName(state.Favourites[choice].Name)); });
@@ -108,9 +92,9 @@ void runHorizonEntry(std::string_view entry, HorizonView& view) {
     if (entry == "Msouth") centre(form, false);
     if (entry == "Mposannounce") form.Mposannounce.isChecked = !form.Mposannounce.isChecked;
     if (entry == "mnuSpeechAnnouncment") announceAll(view);
-    if (entry == "mnuPass") switchTo(view, "pass", "PassPrediction");
-    if (entry == "mnuWorld") switchTo(view, "world", "WorldView");
-    if (entry == "mnu3Dview") switchTo(view, "3D", "");
+    if (entry == "mnuPass") switchTo(view, nextView::pass, "PassPrediction");
+    if (entry == "mnuWorld") switchTo(view, nextView::world, "WorldView");
+    if (entry == "mnu3Dview") switchTo(view, nextView::threeD, "");
 }
 
 void paintPanorama(HorizonView& view) {

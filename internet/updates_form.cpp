@@ -13,7 +13,6 @@
 namespace vantrace {
 
 void Form_Load(UpdatesForm& form, Services& services) {
-    form.skin.create();
     ApplySkin(services, form.skin);
     const bool isProxyOn = GetConfig(services, settings::proxyOn) == "1";
     form.OPproxyON = {!isProxyOn, isProxyOn};

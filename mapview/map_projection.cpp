@@ -1,30 +1,18 @@
 #include "mapview/map_projection.h"
 
+#include "core/view_words.h"
+
 namespace vantrace {
 
-MapView mapViewOf(std::string_view mainTag) {
-    if (mainTag == "worldalt") {
-        return MapView::worldAlternative;
+MapView mapViewOf(std::string_view tag) {
+    constexpr std::array views = {MapView::northWest, MapView::northCentre, MapView::northEast,
+                                  MapView::southWest, MapView::southCentre, MapView::southEast};
+    static_assert(views.size() == mainTag::regions.size());
+    const auto* const region = std::ranges::find(mainTag::regions, tag);
+    if (region != mainTag::regions.end()) {
+        return views[static_cast<std::size_t>(region - mainTag::regions.begin())];
     }
-    if (mainTag == "NWQ") {
-        return MapView::northWest;
-    }
-    if (mainTag == "NEQ") {
-        return MapView::northEast;
-    }
-    if (mainTag == "NCQ") {
-        return MapView::northCentre;
-    }
-    if (mainTag == "SWQ") {
-        return MapView::southWest;
-    }
-    if (mainTag == "SEQ") {
-        return MapView::southEast;
-    }
-    if (mainTag == "SCQ") {
-        return MapView::southCentre;
-    }
-    return MapView::worldNormal;
+    return tag == mainTag::worldAlt ? MapView::worldAlternative : MapView::worldNormal;
 }
 
 bool isNorthern(MapView view) {

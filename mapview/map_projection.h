@@ -19,7 +19,7 @@ enum class MapView {
 };
 
 /// The view of a word of `Main.Tag`; a word that names none is the whole world.
-MapView mapViewOf(std::string_view mainTag);
+MapView mapViewOf(std::string_view tag);
 
 bool isNorthern(MapView view);
 bool isSouthern(MapView view);

@@ -7,6 +7,7 @@
 #include "core/config.h"
 #include "core/error_label.h"
 #include "core/labels.h"
+#include "core/nearest_favourite.h"
 #include "core/numbers.h"
 #include "core/program_state.h"
 #include "core/services.h"
@@ -70,19 +71,10 @@ void Final_MouseDown(WorldMap& world, int Button, double X, double Y) {
     ErrorLabel label(world.services, labels::mapFinalMousedown);
     ProgramState& state = world.state;
     const SurfaceSize& Final = world.form.layout.Final;
-    std::int16_t best = 32700;
-    std::int16_t choice = 0;
-    for (std::int16_t i = 1; i <= state.FavouriteCount; ++i) {
-        label.step([&] {
-            const FavouriteRecord& favourite = state.Favourites[i];
-            const double distance = std::abs(X - LongitudeToMapX(Final, state.MainTag, favourite.Longitude)) +
-                                    std::abs(Y - LatitudeToMapY(Final, state.MainTag, favourite.Latitude));
-            if (distance < best) {
-                choice = i;
-                best = toInteger16(distance);
-            }
-        });
-    }
+    const std::int16_t choice = nearestFavourite(state, label, [&](const FavouriteRecord& favourite) {
+        return std::abs(X - LongitudeToMapX(Final, state.MainTag, favourite.Longitude)) +
+               std::abs(Y - LatitudeToMapY(Final, state.MainTag, favourite.Latitude));
+    });
     state.PrimarySatIndex = choice;
     MFaveList_Click(world, choice);
 }

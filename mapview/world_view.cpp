@@ -14,6 +14,7 @@
 #include "core/numbers.h"
 #include "core/program_state.h"
 #include "core/services.h"
+#include "core/view_words.h"
 #include "mapview/paint/repaint_map_screen.h"
 #include "mapview/tables/ground_track.h"
 #include "mapview/tables/gsatroutine.h"
@@ -31,12 +32,10 @@ constexpr int barWidth = 14;
 /// What stands in the pane above the notes and the coming passes.
 constexpr int paneLinesHeight = 320;
 
-bool isOneOf(std::string_view word, std::initializer_list<std::string_view> words) {
-    return std::ranges::find(words, word) != words.end();
-}
-
 bool otherViewIsWanted(std::string_view tag) {
-    return isOneOf(tag, {"menu", "horizon", "ETA", "passprediction", "tabular"});
+    constexpr std::array others = {mainTag::menu, mainTag::horizon, mainTag::eta, mainTag::passPrediction,
+                                   mainTag::tabular};
+    return std::ranges::find(others, tag) != others.end();
 }
 
 void stopClocks(WorldViewForm& form) {
@@ -97,10 +96,9 @@ void Form_Load(WorldMap& world) {
     ErrorLabel label(world.services, labels::mapFormLoad);
     WorldViewForm& form = world.form;
     ProgramState& state = world.state;
-    form.skin.create();
     label.step([&] { ApplySkin(world.services, form.skin); });
     label.step([&] { form.ShowInfoPaneNow = isTrue(world.services, settings::showInfoPane); });
-    if (state.MainTag == "3D" || otherViewIsWanted(state.MainTag)) return stopClocks(form);
+    if (state.MainTag == mainTag::threeD || otherViewIsWanted(state.MainTag)) return stopClocks(form);
     readMenuStates(world, label);
     loadMapPicture(world.surfaces, state, world.services);
     readPlace(form.place, world.services, label);
@@ -130,7 +128,7 @@ void Form_Activate(WorldMap& world) {
 void Form_Resize(WorldMap& world) {
     ErrorLabel label(world.services, labels::mapFormResize);
     WorldViewForm& form = world.form;
-    if (world.state.MainTag == "menu") return stopClocks(form);
+    if (world.state.MainTag == mainTag::menu) return stopClocks(form);
     if (form.place.isMinimised) return;
     form.layout.Final = {
         form.ShowInfoPaneNow ? std::abs(form.innerWidth - paneWidth) : form.innerWidth - barWidth,
@@ -165,7 +163,7 @@ void Timer1_Timer(WorldMap& world) {
     WorldViewForm& form = world.form;
     ProgramState& state = world.state;
     Services& services = world.services;
-    if (state.MainTag == "menu" || state.MainTag == "3D") {
+    if (state.MainTag == mainTag::menu || state.MainTag == mainTag::threeD) {
         form.Timer1.isEnabled = false;
         label.step([&] { services.windows.unload("WorldView"); });
         return;

@@ -7,6 +7,7 @@
 #include "core/config.h"
 #include "core/program_state.h"
 #include "core/services.h"
+#include "core/view_words.h"
 #include "mapview/satellite_choice.h"
 #include "mapview/tables/ground_track.h"
 #include "mapview/tables/sun_moon.h"
@@ -25,8 +26,9 @@ struct RegionEntry {
 };
 
 constexpr std::array regionEntries = {
-    RegionEntry{"Mnwq", "NWQ"}, RegionEntry{"Mncq", "NCQ"}, RegionEntry{"Mneq", "NEQ"},
-    RegionEntry{"Mswq", "SWQ"}, RegionEntry{"Mscq", "SCQ"}, RegionEntry{"Mseq", "SEQ"},
+    RegionEntry{"Mnwq", mainTag::regions[0]}, RegionEntry{"Mncq", mainTag::regions[1]},
+    RegionEntry{"Mneq", mainTag::regions[2]}, RegionEntry{"Mswq", mainTag::regions[3]},
+    RegionEntry{"Mscq", mainTag::regions[4]}, RegionEntry{"Mseq", mainTag::regions[5]},
 };
 
 void toggle(Services& services, MenuEntryState& entry, std::string_view setting) {
@@ -34,16 +36,8 @@ void toggle(Services& services, MenuEntryState& entry, std::string_view setting)
     SaveConfig(services, setting, entry.isChecked ? "1" : "0");
 }
 
-/// `Main` opens the view when it comes back. One that isn't there leaves the map where it is.
-void switchTo(WorldMap& world, std::string_view view, std::string_view window) {
-    if (!window.empty() && !world.services.windows.isRegistered(window)) return;
-    world.state.NextView = view;
-    world.services.windows.unload("WorldView");
-}
-
-void showWorld(WorldMap& world) {
-    const bool hasDateLineInTheMiddle = GetConfig(world.services, settings::altWorld) == "1";
-    world.state.MainTag = hasDateLineInTheMiddle ? "worldalt" : "worldnormal";
+void switchTo(WorldMap& world, std::string_view next, std::string_view window) {
+    switchView(world.state, world.services, "WorldView", next, window);
 }
 
 }  // namespace
@@ -56,7 +50,7 @@ void runMapEntry(std::string_view entry, WorldMap& world) {
         world.state.MainTag = region->tag;
         return;
     }
-    if (entry == "Mworld") showWorld(world);
+    if (entry == "Mworld") world.state.MainTag = worldTag(services);
     if (entry == "Mnextsat") Mnextsat_Click(world);
     if (entry == "Mprevsat") Mprevsat_Click(world);
     if (entry == "Mmakeannouncement") AnnouncePositions(world.state, services, false);
@@ -66,9 +60,9 @@ void runMapEntry(std::string_view entry, WorldMap& world) {
         toggle(services, form.MspeechONoff, settings::speech.key);
         world.state.SpeechEnabled = form.MspeechONoff.isChecked;
     }
-    if (entry == "mnuHorizon") switchTo(world, "Horizon", "Horizon");
-    if (entry == "mnuPassPred") switchTo(world, "pass", "PassPrediction");
-    if (entry == "mnu3D") switchTo(world, "3D", "");
+    if (entry == "mnuHorizon") switchTo(world, nextView::horizon, "Horizon");
+    if (entry == "mnuPassPred") switchTo(world, nextView::pass, "PassPrediction");
+    if (entry == "mnu3D") switchTo(world, nextView::threeD, "");
     if (entry == "mnu2Dcontrols") services.windows.show("frmCON2D");
     if (entry == "mnuRadRot") {
         tellTracker(world.state, services);

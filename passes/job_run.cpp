@@ -8,6 +8,7 @@
 #include "core/program_state.h"
 #include "core/services.h"
 #include "core/texts.h"
+#include "core/view_words.h"
 #include "passes/calc_results.h"
 #include "passes/job_file.h"
 #include "passes/pass_prediction_form.h"
@@ -72,7 +73,7 @@ bool calculateJob(const JobToRun& job, PassPredictionForm& form, ProgramState& s
             guard([&] {
                 CalcResults(form, state, services, job.satellites[i], date.day, date.month, date.year);
             });
-            if (state.MainTag == "menu" || state.MainTag == "exit") return false;
+            if (hasLeftViews(state)) return false;
         }
     }
     return true;

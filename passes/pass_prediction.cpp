@@ -4,6 +4,7 @@
 #include "core/files.h"
 #include "core/program_state.h"
 #include "core/services.h"
+#include "core/view_words.h"
 #include "orbit/engine_access.h"
 #include "orbit/orbit_engine.h"
 #include "passes/calc_results.h"
@@ -12,20 +13,15 @@
 
 namespace vantrace {
 
-namespace {
-
 CalendarDate today(const Clock& clock) {
     const ClockParts now = clock.read().local;
     return {static_cast<std::int16_t>(now.day), static_cast<std::int16_t>(now.month),
             static_cast<std::int16_t>(now.year)};
 }
 
-}  // namespace
-
 void Form_Load(PassPredictionForm& form, const ProgramState& state, Services& services) {
-    form.skin.create();
     ApplySkin(services, form.skin);
-    if (state.MainTag == "menu") return;
+    if (state.MainTag == mainTag::menu) return;
     form.Calendar = today(services.clock);
     fillGroups(form.Groupname, state);
     fillFavourites(form.FavouriteName, state);

@@ -5,8 +5,12 @@
 
 namespace vantrace {
 
+class Clock;
 struct ProgramState;
 struct Services;
+
+/// The day that the machine's clock has.
+CalendarDate today(const Clock& clock);
 
 /// While `Main.Tag` is "menu" the window takes its skin and no more. Throws FileError where pass.dat can't be
 /// read; everything but the list of jobs is there by then.

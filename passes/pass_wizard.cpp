@@ -40,7 +40,6 @@ void Form_Load(PassWizardForm& form, ProgramState& state, Services& services) {
         const WindowCorner corner = parent->corner();
         form.corner = WindowCorner{corner.left + offsetFromParent, corner.top + offsetFromParent};
     }
-    form.skin.create();
     ApplySkin(services, form.skin);
     fillGroups(form.COMgroup, state);
 }

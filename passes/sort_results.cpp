@@ -12,6 +12,7 @@
 #include "core/program_state.h"
 #include "core/services.h"
 #include "core/texts.h"
+#include "core/view_words.h"
 #include "passes/pass_prediction_form.h"
 
 namespace vantrace {
@@ -88,7 +89,7 @@ class Hidden {
 };
 
 bool userHasLeft(const ProgramState& state) {
-    return state.MainTag == "menu" || state.MainTag == "exit";
+    return hasLeftViews(state);
 }
 
 }  // namespace

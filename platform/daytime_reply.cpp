@@ -8,19 +8,14 @@
 #include <utility>
 #include <vector>
 
+#include "platform/ascii.h"
+
 namespace vantrace {
 
 namespace {
 
 using namespace std::chrono;
 using namespace std::chrono_literals;
-
-bool isDigit(char sign) {
-    return sign >= '0' && sign <= '9';
-}
-bool isLetter(char sign) {
-    return (sign >= 'A' && sign <= 'Z') || (sign >= 'a' && sign <= 'z');
-}
 
 /// A run of digits or of capital letters, or one other sign.
 struct Word {

@@ -4,15 +4,11 @@
 #include <charconv>
 #include <cstdint>
 
+#include "platform/ascii.h"
+
 namespace vantrace {
 
 namespace {
-
-std::string_view withoutBlanks(std::string_view text) {
-    const std::size_t first = text.find_first_not_of(" \t");
-    if (first == std::string_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(" \t") - first + 1);
-}
 
 /// Length of the UTF-8 sequence at the start of the text, 0 for none; overlong forms and surrogates are none.
 std::size_t sequenceLength(std::string_view text) {

@@ -17,10 +17,6 @@ namespace vantrace {
 
 namespace {
 
-std::string wholePart(double value) {
-    return numberText(std::floor(value));
-}
-
 /// The time to the next rise, 0 to 1439: whole days don't count, so that a pass in 24 hours and 10 minutes
 /// comes in 10.
 int minutesToNextPass(ProgramState& state, Services& services, const std::string& name) {
@@ -42,13 +38,17 @@ void announcePass(Services& services, const std::string& name, int minutes) {
 
 }  // namespace
 
+std::string wholeDegrees(double degrees) {
+    return numberText(std::floor(degrees));
+}
+
 void AnnouncePositions(const ProgramState& state, Services& services, bool onlyInRange) {
     const char* const azimuth = onlyInRange ? " Azimuth " : ", Azimuth ";
     for (int i = 1; i <= state.FavouriteCount; ++i) {
         const FavouriteRecord& favourite = state.Favourites[i];
         if (onlyInRange && !(favourite.Elevation >= 0)) continue;
-        Speak(services, SpokenName(favourite.Name) + azimuth + wholePart(favourite.Azimuth) + " Elevation " +
-                            wholePart(favourite.Elevation) + ". ");
+        Speak(services, SpokenName(favourite.Name) + azimuth + wholeDegrees(favourite.Azimuth) +
+                            " Elevation " + wholeDegrees(favourite.Elevation) + ". ");
     }
 }
 

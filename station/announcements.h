@@ -1,10 +1,15 @@
 // What the program says of its own accord, or when asked, about the favourites.
 #pragma once
 
+#include <string>
+
 namespace vantrace {
 
 struct ProgramState;
 struct Services;
+
+/// An angle as it is spoken: without its fraction, towards minus infinity.
+std::string wholeDegrees(double degrees);
 
 /// Speaks where the favourites stand as seen by the observer, from the angles that the table `Favourites`
 /// holds; with `onlyInRange` those at an elevation of 0 or more, else all.

@@ -46,7 +46,6 @@ void startCapturing(RecordForm& form, ProgramState& state, Services& services) {
 }  // namespace
 
 void Form_Load(RecordForm& form, Services& services) {
-    form.skin.create();
     ApplySkin(services, form.skin);
 }
 

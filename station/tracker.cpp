@@ -67,7 +67,6 @@ void showFrequencies(TrackerForm& form, ErrorLabel& label, char decimalMark) {
 
 void Form_Load(TrackerForm& form, ProgramState& state, Services& services) {
     state.TrackerTag.clear();
-    form.skin.create();
     ApplySkin(services, form.skin);
     form.lblSelSat = state.TrackerTag;
 }

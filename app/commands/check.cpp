@@ -12,9 +12,9 @@ namespace vantrace {
 namespace {
 
 constexpr std::array columns{
-    Column{"file", "file", Form::text},     Column{"good_sets", "good sets", Form::count},
-    Column{"line", "line", Form::count},    Column{"name", "name", Form::text},
-    Column{"status", "status", Form::text}, Column{"reason", "reason", Form::text},
+    Column{"file", "file", ValueForm::text},     Column{"good_sets", "good sets", ValueForm::count},
+    Column{"line", "line", ValueForm::count},    Column{"name", "name", ValueForm::text},
+    Column{"status", "status", ValueForm::text}, Column{"reason", "reason", ValueForm::text},
 };
 
 struct Totals {

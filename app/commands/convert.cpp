@@ -3,8 +3,8 @@
 #include <span>
 #include <string>
 
-#include "app/arguments.h"
 #include "app/command.h"
+#include "app/program/arguments.h"
 #include "catalogue/data_files.h"
 #include "internet/omm/three_line_conversion.h"
 #include "platform/text_file.h"

@@ -11,16 +11,16 @@ namespace vantrace {
 namespace {
 
 constexpr std::array columns{
-    Column{"name", "name", Form::text},
-    Column{"utc", "", Form::moment},
-    Column{"azimuth_deg", "az", Form::figure, 1},
-    Column{"elevation_deg", "el", Form::figure, 1},
-    Column{"range_km", "range km", Form::figure, 0},
-    Column{"latitude_deg", "lat", Form::figure, 1},
-    Column{"longitude_deg", "lon", Form::figure, 1},
-    Column{"height_km", "height", Form::figure, 0},
-    Column{"next_aos_utc", "next AOS UTC", Form::tenths},
-    Column{"next_los_utc", "next LOS UTC", Form::tenths},
+    Column{"name", "name", ValueForm::text},
+    Column{"utc", "", ValueForm::moment},
+    Column{"azimuth_deg", "az", ValueForm::figure, 1},
+    Column{"elevation_deg", "el", ValueForm::figure, 1},
+    Column{"range_km", "range km", ValueForm::figure, 0},
+    Column{"latitude_deg", "lat", ValueForm::figure, 1},
+    Column{"longitude_deg", "lon", ValueForm::figure, 1},
+    Column{"height_km", "height", ValueForm::figure, 0},
+    Column{"next_aos_utc", "next AOS UTC", ValueForm::tenths},
+    Column{"next_los_utc", "next LOS UTC", ValueForm::tenths},
 };
 
 Value timeValue(const std::optional<Instant>& time) {

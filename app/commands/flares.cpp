@@ -14,14 +14,14 @@ namespace vantrace {
 namespace {
 
 constexpr std::array<Column, flareColumns> columns{{
-    {"local_date", "date", Form::text},
-    {"local_time", "time", Form::text},
-    {"magnitude", "mag", Form::text},
-    {"elevation_deg", "el", Form::text},
-    {"azimuth_deg", "az", Form::text},
-    {"distance", "distance", Form::text},
-    {"max_magnitude", "max mag", Form::text},
-    {"satellite", "satellite", Form::text},
+    {"local_date", "date", ValueForm::text},
+    {"local_time", "time", ValueForm::text},
+    {"magnitude", "mag", ValueForm::text},
+    {"elevation_deg", "el", ValueForm::text},
+    {"azimuth_deg", "az", ValueForm::text},
+    {"distance", "distance", ValueForm::text},
+    {"max_magnitude", "max mag", ValueForm::text},
+    {"satellite", "satellite", ValueForm::text},
 }};
 
 void writeRows(const CommandContext& context, const FlareList& list) {

@@ -1,9 +1,9 @@
 // The panorama of the sky as a picture.
 #include <string>
 
-#include "app/arguments.h"
 #include "app/command.h"
 #include "app/pictures/horizon_picture.h"
+#include "app/program/arguments.h"
 #include "core/texts.h"
 
 namespace vantrace {

@@ -1,7 +1,7 @@
 // A prediction job of pass.dat.
-#include "app/arguments.h"
 #include "app/command.h"
 #include "app/prediction.h"
+#include "app/program/arguments.h"
 #include "passes/job_file.h"
 
 namespace vantrace {

@@ -5,8 +5,8 @@
 #include <optional>
 #include <stdexcept>
 
-#include "app/arguments.h"
 #include "app/command.h"
+#include "app/program/arguments.h"
 #include "catalogue/data_files.h"
 #include "catalogue/element_files.h"
 #include "catalogue/groups.h"
@@ -19,10 +19,10 @@ namespace vantrace {
 namespace {
 
 constexpr std::array columns{
-    Column{"name", "name", Form::text},
-    Column{"file", "file", Form::text},
-    Column{"epoch_utc", "epoch UTC", Form::tenths},
-    Column{"catalog_number", "number", Form::count},
+    Column{"name", "name", ValueForm::text},
+    Column{"file", "file", ValueForm::text},
+    Column{"epoch_utc", "epoch UTC", ValueForm::tenths},
+    Column{"catalog_number", "number", ValueForm::count},
 };
 
 Row setRow(const ElementSet& set, const ElementFile& file) {

@@ -1,24 +1,29 @@
 // The world map as a picture.
 #include <algorithm>
-#include <array>
 #include <optional>
 #include <string>
+#include <vector>
 
-#include "app/arguments.h"
 #include "app/command.h"
 #include "app/pictures/map_picture.h"
+#include "app/program/arguments.h"
 #include "core/texts.h"
+#include "core/view_words.h"
 
 namespace vantrace {
 
 namespace {
 
-constexpr std::array<std::string_view, 8> views{"worldnormal", "worldalt", "NWQ", "NCQ",
-                                                "NEQ",         "SWQ",      "SCQ", "SEQ"};
+std::vector<std::string_view> viewNames() {
+    std::vector<std::string_view> names{mainTag::world, mainTag::worldAlt};
+    names.insert(names.end(), mainTag::regions.begin(), mainTag::regions.end());
+    return names;
+}
 
 std::string viewOption(const CommandContext& context) {
+    const std::vector<std::string_view> views = viewNames();
     const std::string text = context.line.value("view").value_or(std::string(views.front()));
-    const auto* const view =
+    const auto view =
         std::ranges::find_if(views, [&](std::string_view each) { return equalsIgnoringCase(each, text); });
     if (view != views.end()) return std::string(*view);
     std::string all;

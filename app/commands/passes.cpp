@@ -3,8 +3,8 @@
 #include <cmath>
 #include <memory>
 
-#include "app/arguments.h"
 #include "app/command.h"
+#include "app/program/arguments.h"
 #include "app/sightings.h"
 #include "orbit/elements/element_set.h"
 #include "orbit/engine_error.h"
@@ -14,17 +14,17 @@ namespace vantrace {
 namespace {
 
 constexpr std::array columns{
-    Column{"name", "name", Form::text},
-    Column{"rise_utc", "rise UTC", Form::tenths},
-    Column{"rise_azimuth_deg", "az", Form::figure, 0},
-    Column{"culmination_utc", "highest", Form::tenthsOfDay},
-    Column{"max_elevation_deg", "el", Form::figure, 1},
-    Column{"culmination_azimuth_deg", "az", Form::figure, 0},
-    Column{"set_utc", "set", Form::tenthsOfDay},
-    Column{"set_azimuth_deg", "az", Form::figure, 0},
-    Column{"duration_s", "length", Form::duration},
-    Column{"sunlit", "sunlit", Form::flag},
-    Column{"visible", "visible", Form::flag},
+    Column{"name", "name", ValueForm::text},
+    Column{"rise_utc", "rise UTC", ValueForm::tenths},
+    Column{"rise_azimuth_deg", "az", ValueForm::figure, 0},
+    Column{"culmination_utc", "highest", ValueForm::tenthsOfDay},
+    Column{"max_elevation_deg", "el", ValueForm::figure, 1},
+    Column{"culmination_azimuth_deg", "az", ValueForm::figure, 0},
+    Column{"set_utc", "set", ValueForm::tenthsOfDay},
+    Column{"set_azimuth_deg", "az", ValueForm::figure, 0},
+    Column{"duration_s", "length", ValueForm::duration},
+    Column{"sunlit", "sunlit", ValueForm::flag},
+    Column{"visible", "visible", ValueForm::flag},
 };
 
 struct Span {

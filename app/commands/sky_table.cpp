@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "app/arguments.h"
+#include "app/program/arguments.h"
 #include "catalogue/favourites.h"
 #include "core/texts.h"
 #include "orbit/elements/element_catalogue.h"

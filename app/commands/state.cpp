@@ -2,8 +2,8 @@
 #include <array>
 #include <memory>
 
-#include "app/arguments.h"
 #include "app/command.h"
+#include "app/program/arguments.h"
 #include "orbit/engine_error.h"
 
 namespace vantrace {
@@ -11,14 +11,14 @@ namespace vantrace {
 namespace {
 
 constexpr std::array columns{
-    Column{"name", "name", Form::text},
-    Column{"minutes", "minutes", Form::figure, 3},
-    Column{"x_km", "x km", Form::figure, 4},
-    Column{"y_km", "y km", Form::figure, 4},
-    Column{"z_km", "z km", Form::figure, 4},
-    Column{"vx_km_s", "vx km/s", Form::figure, 7},
-    Column{"vy_km_s", "vy km/s", Form::figure, 7},
-    Column{"vz_km_s", "vz km/s", Form::figure, 7},
+    Column{"name", "name", ValueForm::text},
+    Column{"minutes", "minutes", ValueForm::figure, 3},
+    Column{"x_km", "x km", ValueForm::figure, 4},
+    Column{"y_km", "y km", ValueForm::figure, 4},
+    Column{"z_km", "z km", ValueForm::figure, 4},
+    Column{"vx_km_s", "vx km/s", ValueForm::figure, 7},
+    Column{"vy_km_s", "vy km/s", ValueForm::figure, 7},
+    Column{"vz_km_s", "vz km/s", ValueForm::figure, 7},
 };
 
 bool addRow(const CommandContext& context, const std::string& name, double minutes, RowWriter& rows) {

@@ -5,13 +5,14 @@
 #include <string>
 #include <vector>
 
-#include "app/arguments.h"
 #include "app/command.h"
 #include "app/commands/sky_table.h"
 #include "app/commands/today_passes.h"
 #include "app/commands/today_texts.h"
-#include "app/output/printable.h"
-#include "app/program_name.h"
+#include "app/program/arguments.h"
+#include "app/program/figure_text.h"
+#include "app/program/printable.h"
+#include "app/program/program_name.h"
 #include "orbit/elements/element_catalogue.h"
 #include "orbit/elements/element_set.h"
 
@@ -20,16 +21,16 @@ namespace vantrace {
 namespace {
 
 constexpr std::array skyColumns{
-    Column{"name", "name", Form::text},
-    Column{"up", "now", Form::text},
-    Column{"azimuth_deg", "az", Form::figure, 1},
-    Column{"direction", "dir", Form::text},
-    Column{"elevation_deg", "el", Form::figure, 1},
-    Column{"range_km", "range km", Form::figure, 0},
-    Column{"latitude_deg", "lat", Form::figure, 1},
-    Column{"longitude_deg", "lon", Form::figure, 1},
-    Column{"height_km", "height km", Form::figure, 0},
-    Column{"next", "next, UTC", Form::text},
+    Column{"name", "name", ValueForm::text},
+    Column{"up", "now", ValueForm::text},
+    Column{"azimuth_deg", "az", ValueForm::figure, 1},
+    Column{"direction", "dir", ValueForm::text},
+    Column{"elevation_deg", "el", ValueForm::figure, 1},
+    Column{"range_km", "range km", ValueForm::figure, 0},
+    Column{"latitude_deg", "lat", ValueForm::figure, 1},
+    Column{"longitude_deg", "lon", ValueForm::figure, 1},
+    Column{"height_km", "height km", ValueForm::figure, 0},
+    Column{"next", "next, UTC", ValueForm::text},
 };
 
 /// "sets 10:21:30", "rises 24 Nov 03:10:00".

@@ -4,7 +4,7 @@
 #include <array>
 
 #include "app/commands/today_texts.h"
-#include "app/output/printable.h"
+#include "app/program/printable.h"
 #include "app/sightings.h"
 #include "orbit/engine_error.h"
 
@@ -13,17 +13,17 @@ namespace vantrace {
 namespace {
 
 constexpr std::array columns{
-    Column{"name", "name", Form::text},
-    Column{"rise", "rises UTC", Form::count},
-    Column{"rise_local", "local", Form::count},
-    Column{"rise_direction", "in", Form::text},
-    Column{"culmination", "highest", Form::tenthsOfDay},
-    Column{"elevation", "el", Form::figure, 0},
-    Column{"culmination_direction", "in", Form::text},
-    Column{"set", "sets", Form::tenthsOfDay},
-    Column{"set_direction", "in", Form::text},
-    Column{"length", "length", Form::duration},
-    Column{"seen", "seen", Form::text},
+    Column{"name", "name", ValueForm::text},
+    Column{"rise", "rises UTC", ValueForm::count},
+    Column{"rise_local", "local", ValueForm::count},
+    Column{"rise_direction", "in", ValueForm::text},
+    Column{"culmination", "highest", ValueForm::tenthsOfDay},
+    Column{"elevation", "el", ValueForm::figure, 0},
+    Column{"culmination_direction", "in", ValueForm::text},
+    Column{"set", "sets", ValueForm::tenthsOfDay},
+    Column{"set_direction", "in", ValueForm::text},
+    Column{"length", "length", ValueForm::duration},
+    Column{"seen", "seen", ValueForm::text},
 };
 
 struct TodaysPass {

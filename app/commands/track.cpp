@@ -2,10 +2,10 @@
 #include <memory>
 #include <optional>
 
-#include "app/arguments.h"
 #include "app/command.h"
 #include "app/commands/track_batch.h"
 #include "app/commands/track_rows.h"
+#include "app/program/arguments.h"
 #include "orbit/engine_error.h"
 
 namespace vantrace {

@@ -5,9 +5,9 @@
 #include <optional>
 #include <string_view>
 
-#include "app/arguments.h"
 #include "app/batch_lines.h"
 #include "app/commands/track_rows.h"
+#include "app/program/arguments.h"
 #include "core/texts.h"
 #include "orbit/engine_error.h"
 

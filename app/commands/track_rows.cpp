@@ -3,7 +3,7 @@
 #include <array>
 #include <cstdint>
 
-#include "app/site.h"
+#include "app/program/site.h"
 #include "orbit/elements/element_set.h"
 
 namespace vantrace {
@@ -11,19 +11,19 @@ namespace vantrace {
 namespace {
 
 constexpr std::array columns{
-    Column{"name", "name", Form::text},
-    Column{"utc", "UTC", Form::moment},
-    Column{"azimuth_deg", "az", Form::figure, 1},
-    Column{"elevation_deg", "el", Form::figure, 1},
-    Column{"range_km", "range km", Form::figure, 1},
-    Column{"range_rate_km_s", "km/s", Form::figure, 3},
-    Column{"latitude_deg", "lat", Form::figure, 2},
-    Column{"longitude_deg", "lon", Form::figure, 2},
-    Column{"height_km", "height", Form::figure, 1},
-    Column{"descending", "", Form::flag},
-    Column{"phase_angle_rad", "", Form::figure, 3},
-    Column{"orbit_number", "orbit", Form::count},
-    Column{"orbit_count", "", Form::figure, 3},
+    Column{"name", "name", ValueForm::text},
+    Column{"utc", "UTC", ValueForm::moment},
+    Column{"azimuth_deg", "az", ValueForm::figure, 1},
+    Column{"elevation_deg", "el", ValueForm::figure, 1},
+    Column{"range_km", "range km", ValueForm::figure, 1},
+    Column{"range_rate_km_s", "km/s", ValueForm::figure, 3},
+    Column{"latitude_deg", "lat", ValueForm::figure, 2},
+    Column{"longitude_deg", "lon", ValueForm::figure, 2},
+    Column{"height_km", "height", ValueForm::figure, 1},
+    Column{"descending", "", ValueForm::flag},
+    Column{"phase_angle_rad", "", ValueForm::figure, 3},
+    Column{"orbit_number", "orbit", ValueForm::count},
+    Column{"orbit_count", "", ValueForm::figure, 3},
 };
 
 double degrees(double radians) {

@@ -4,7 +4,7 @@
 #include <cstdio>
 #include <set>
 
-#include "app/program_name.h"
+#include "app/program/program_name.h"
 
 namespace vantrace {
 

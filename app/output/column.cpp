@@ -5,18 +5,15 @@
 #include <charconv>
 #include <cmath>
 
-#include "app/output/printable.h"
+#include "app/program/figure_text.h"
+#include "app/program/printable.h"
 
 namespace vantrace {
 
 namespace {
 
-bool isNonZero(char character) {
-    return character != '0' && character != '.' && character != '-';
-}
-
-std::string csvMoment(const Instant& time, Form form) {
-    return form == Form::moment ? isoTextShort(time) : isoText(time, 1);
+std::string csvMoment(const Instant& time, ValueForm form) {
+    return form == ValueForm::moment ? isoTextShort(time) : isoText(time, 1);
 }
 
 /// An ISO text without the zeros that end its decimals.
@@ -28,13 +25,13 @@ std::string withoutLastZeros(std::string text) {
 }
 
 /// "2026-08-22 10:00:00", or only the time of day.
-std::string tableMoment(const Instant& time, Form form) {
+std::string tableMoment(const Instant& time, ValueForm form) {
     if (!isCalendarTime(time)) return isoText(time, 0);
-    std::string text = form == Form::moment ? withoutLastZeros(isoText(time, 3)) : isoText(time, 0);
+    std::string text = form == ValueForm::moment ? withoutLastZeros(isoText(time, 3)) : isoText(time, 0);
     constexpr std::size_t timeColumn = 11;
     text.pop_back();
     text[timeColumn - 1] = ' ';
-    return form == Form::tenthsOfDay ? text.substr(timeColumn) : text;
+    return form == ValueForm::tenthsOfDay ? text.substr(timeColumn) : text;
 }
 
 std::string twoDigits(std::int64_t value) {
@@ -52,30 +49,9 @@ std::string durationText(double seconds) {
 
 }  // namespace
 
-std::string shortestText(double value) {
-    if (value == 0.0) return "0";
-    // Plain digits as far as that stays readable.
-    const double size = std::abs(value);
-    const bool isPlain = size >= 1e-6 && size < 1e15;
-    std::array<char, 64> text{};
-    const auto end =
-        isPlain ? std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed)
-                : std::to_chars(text.data(), text.data() + text.size(), value);
-    return {text.data(), end.ptr};
-}
-
-std::string roundedText(double value, int decimals) {
-    std::array<char, 400> text{};
-    const auto end =
-        std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed, decimals);
-    std::string result(text.data(), end.ptr);
-    if (result.starts_with('-') && std::ranges::none_of(result, isNonZero)) result.erase(0, 1);
-    return result;
-}
-
-std::string csvText(const Value& value, Form form) {
+std::string csvText(const Value& value, ValueForm form) {
     struct Writer {
-        Form form;
+        ValueForm form;
         std::string operator()(std::monostate) const { return {}; }
         std::string operator()(const std::string& text) const { return text; }
         std::string operator()(double number) const {
@@ -95,8 +71,8 @@ std::string tableText(const Value& value, const Column& column) {
         std::string operator()(const std::string& text) const { return printable(text); }
         std::string operator()(double number) const {
             if (!std::isfinite(number)) return "-";
-            return column.form == Form::duration ? durationText(number)
-                                                 : roundedText(number, column.decimals);
+            return column.form == ValueForm::duration ? durationText(number)
+                                                      : roundedText(number, column.decimals);
         }
         std::string operator()(std::int64_t number) const { return std::to_string(number); }
         std::string operator()(bool flag) const { return flag ? "yes" : "no"; }

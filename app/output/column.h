@@ -12,7 +12,7 @@
 namespace vantrace {
 
 /// How the values of a column are written. CSV and JSON have full precision, tables what a reader wants.
-enum class Form {
+enum class ValueForm {
     text,
     figure,       ///< tables round to the column's decimals
     count,        ///< a whole number
@@ -26,7 +26,7 @@ enum class Form {
 struct Column {
     std::string_view name;
     std::string_view heading;  ///< in tables; a column without one is left out of them
-    Form form = Form::text;
+    ValueForm form = ValueForm::text;
     int decimals = 0;
 };
 
@@ -35,12 +35,7 @@ struct Column {
 using Value = std::variant<std::monostate, std::string, double, std::int64_t, bool, Instant>;
 using Row = std::vector<Value>;
 
-/// A number in the fewest digits that read back to the same bits, whatever the locale.
-std::string shortestText(double value);
-/// A number rounded to some decimals; what rounds to zero has no sign.
-std::string roundedText(double value, int decimals);
-
-std::string csvText(const Value& value, Form form);
+std::string csvText(const Value& value, ValueForm form);
 /// Printable.
 std::string tableText(const Value& value, const Column& column);
 

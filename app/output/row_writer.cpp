@@ -67,9 +67,9 @@ std::vector<std::string> namesOf(std::span<const Column> columns) {
     return names;
 }
 
-JsonValue jsonValue(const Value& value, Form form) {
+JsonValue jsonValue(const Value& value, ValueForm form) {
     struct Writer {
-        Form form;
+        ValueForm form;
         JsonValue operator()(std::monostate) const { return {}; }
         JsonValue operator()(const std::string& text) const { return text; }
         JsonValue operator()(double number) const { return number; }

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "app/output/printable.h"
+#include "app/program/printable.h"
 
 namespace vantrace {
 
@@ -56,7 +56,7 @@ void TableWriter::writeLine(const Cells& cells) {
     for (std::size_t i = 0; i < cells.size(); ++i) {
         const std::size_t width = displayWidth(cells[i]);
         const std::string padding(m_widths[i] - std::min(width, m_widths[i]), ' ');
-        const bool isText = m_columns[m_shown[i]].form == Form::text;
+        const bool isText = m_columns[m_shown[i]].form == ValueForm::text;
         if (i > 0) line += gap;
         line += isText ? cells[i] + padding : padding + cells[i];
     }

@@ -1,6 +1,6 @@
 #include "app/pictures/map_picture.h"
 
-#include "app/arguments.h"
+#include "app/program/arguments.h"
 #include "catalogue/data_files.h"
 #include "catalogue/locations.h"
 #include "core/config.h"

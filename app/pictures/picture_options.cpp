@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <optional>
 
-#include "app/arguments.h"
 #include "app/commands/sky_table.h"
+#include "app/program/arguments.h"
 #include "core/texts.h"
 #include "orbit/elements/element_catalogue.h"
 

@@ -1,7 +1,7 @@
 #include "app/pictures/still_program.h"
 
-#include "app/arguments.h"
-#include "app/services_with.h"
+#include "app/program/arguments.h"
+#include "app/program/services_with.h"
 #include "core/config.h"
 #include "core/numbers.h"
 #include "orbit/engine_error.h"

@@ -6,7 +6,7 @@
 
 #include "app/command.h"
 #include "app/pictures/fixed_clock.h"
-#include "app/pictures/unsaved_settings.h"
+#include "app/program/unsaved_settings.h"
 
 namespace vantrace {
 

@@ -5,7 +5,7 @@
 
 namespace vantrace {
 
-EnginePasses::EnginePasses(Composition& program, std::optional<Site> site, std::function<void()> refresh)
+EnginePasses::EnginePasses(TextProgram& program, std::optional<Site> site, std::function<void()> refresh)
     : m_program(program), m_site(std::move(site)), m_refresh(std::move(refresh)) {}
 
 std::optional<ComingPass> EnginePasses::passOf(std::string_view lineName, const Instant& from,

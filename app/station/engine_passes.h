@@ -5,7 +5,7 @@
 #include <optional>
 #include <string>
 
-#include "app/composition.h"
+#include "app/program/text_program.h"
 #include "station/steering/coming_pass.h"
 
 namespace vantrace {
@@ -14,14 +14,14 @@ class EnginePasses final : public PassSource {
   public:
     /// `site` stands in place of the settings. `refresh` has the settings read again. The program outlives
     /// this.
-    EnginePasses(Composition& program, std::optional<Site> site, std::function<void()> refresh);
+    EnginePasses(TextProgram& program, std::optional<Site> site, std::function<void()> refresh);
 
     /// Element files and settings may have changed since the last question.
     std::optional<ComingPass> passOf(std::string_view lineName, const Instant& from,
                                      std::string& reason) override;
 
   private:
-    Composition& m_program;
+    TextProgram& m_program;
     std::optional<Site> m_site;
     std::function<void()> m_refresh;
 };

@@ -6,7 +6,7 @@
 #include <exception>
 #include <iostream>
 
-#include "app/descriptor.h"
+#include "app/program/descriptor.h"
 #include "app/station/station_main.h"
 #include "app/station/termination.h"
 #include "platform/system_clock.h"

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "app/arguments.h"
+#include "app/program/arguments.h"
 
 namespace vantrace {
 

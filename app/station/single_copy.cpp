@@ -11,7 +11,7 @@
 #include <cstdlib>
 #include <string>
 
-#include "app/arguments.h"
+#include "app/program/arguments.h"
 
 namespace vantrace {
 

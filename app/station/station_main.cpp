@@ -8,9 +8,9 @@
 #include <memory>
 #include <set>
 
-#include "app/arguments.h"
-#include "app/output/printable.h"
-#include "app/pictures/unsaved_settings.h"
+#include "app/program/arguments.h"
+#include "app/program/printable.h"
+#include "app/program/unsaved_settings.h"
 #include "app/station/engine_passes.h"
 #include "app/station/single_copy.h"
 #include "app/station/station_program.h"
@@ -68,7 +68,7 @@ int steer(const CommandLine& line, const std::vector<std::string>& arguments,
           Termination& termination) {
     UnsavedSettings settings(surroundings.settings);
     Surroundings parts{surroundings.clock, settings, surroundings.format, folder};
-    Composition program(parts, console, line.value("data"));
+    TextProgram program(parts, console, line.value("data"));
     const StationOptions options = stationOptions(withFile(line, arguments, program.state().AppPath));
     if (line.has("stop")) return stopRunning(options, console);
     const std::optional<Site> site = options.site ? std::optional(parseSite(*options.site)) : std::nullopt;

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "app/composition.h"
+#include "app/program/text_program.h"
 #include "platform/file_settings_store.h"
 
 namespace vantrace {

@@ -4,8 +4,9 @@
 #include <array>
 #include <cstdlib>
 
-#include "app/arguments.h"
+#include "app/program/arguments.h"
 #include "core/version.h"
+#include "platform/ascii.h"
 #include "platform/line_publisher.h"
 #include "platform/text_file.h"
 
@@ -51,12 +52,6 @@ std::vector<OptionSyntax> optionSyntax() {
         {"conf", "FILE",
          "a file of these options, one a line without the dashes (else: station.conf in the program folder, "
          "where there is one); the command line has the last word"}};
-}
-
-std::string_view withoutBlanks(std::string_view text) {
-    const std::size_t first = text.find_first_not_of(" \t");
-    if (first == std::string_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(" \t") + 1 - first);
 }
 
 std::optional<NetworkAddress> addressOrNone(const CommandLine& line, std::string_view option,
@@ -133,8 +128,7 @@ double numberOr(const CommandLine& line, std::string_view option, const NumberRa
 ProgramSyntax stationSyntax() {
     ProgramSyntax syntax;
     syntax.name = "vantrace-station";
-    syntax.version = std::to_string(versionMajor) + "." + std::to_string(versionMinor) + "." +
-                     std::to_string(versionRevision);
+    syntax.version = fullVersion;
     CommandSyntax command;
     command.summary =
         "Steers a rotator and a radio by the line that the tracker's window Radio and Rotor Control tells.";

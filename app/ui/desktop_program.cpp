@@ -25,8 +25,7 @@ std::vector<std::string> restartArguments(const DesktopArguments& arguments) {
 
 /// What the program calls itself towards servers.
 std::string userAgent() {
-    return "Vantrace/" + std::to_string(versionMajor) + "." + std::to_string(versionMinor) + "." +
-           std::to_string(versionRevision);
+    return "Vantrace/" + std::string(fullVersion);
 }
 
 }  // namespace

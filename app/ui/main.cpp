@@ -57,7 +57,7 @@ int main(int argc, char** argv) {
     QApplication::setApplicationName(QStringLiteral("vantrace"));
     QApplication::setDesktopFileName(QStringLiteral("vantrace"));
     QApplication::setApplicationVersion(
-        QStringLiteral("%1.%2.%3").arg(versionMajor).arg(versionMinor).arg(versionRevision));
+        QString::fromUtf8(fullVersion.data(), static_cast<qsizetype>(fullVersion.size())));
     // The program ends when Main is unloaded: there are moments without any window.
     QApplication::setQuitOnLastWindowClosed(false);
     try {

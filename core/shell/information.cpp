@@ -2,13 +2,13 @@
 
 #include "core/services.h"
 #include "core/shell/start_up.h"
+#include "core/version.h"
 
 namespace vantrace {
 
 void Form_Load(SplashForm& form, Services& services) {
-    form.skin.create();
     ApplySkin(services, form.skin);
-    form.lblVersion = "Version " + versionText();
+    form.lblVersion = "Version " + std::string(shortVersion);
 }
 
 void Form_Activate(SplashForm& /*form*/, Services& services) {
@@ -17,9 +17,8 @@ void Form_Activate(SplashForm& /*form*/, Services& services) {
 }
 
 void Form_Load(AboutForm& form, Services& services) {
-    form.skin.create();
     ApplySkin(services, form.skin);
-    form.lblVersion = "Version " + versionText();
+    form.lblVersion = "Version " + std::string(shortVersion);
     form.lblEngine = "SGP4 and SDP4 after the published equations, WGS-72";
     form.isBUTsysinfoEnabled = services.desktop.hasSystemInformation();
 }

@@ -12,6 +12,7 @@
 #include "core/services.h"
 #include "core/shell/start_up.h"
 #include "core/shell/view_dispatch.h"
+#include "core/view_words.h"
 
 namespace vantrace {
 
@@ -42,15 +43,15 @@ struct ViewEntry {
 };
 
 constexpr std::array viewEntries = {
-    ViewEntry{"Mnorthwest", "NWQ", "WorldView"},
-    ViewEntry{"Mnorthcentral", "NCQ", "WorldView"},
-    ViewEntry{"Mnortheast", "NEQ", "WorldView"},
-    ViewEntry{"Msouthwest", "SWQ", "WorldView"},
-    ViewEntry{"Msouthcentral", "SCQ", "WorldView"},
-    ViewEntry{"Msoutheast", "SEQ", "WorldView"},
-    ViewEntry{"Mpanoramic", "horizon", "Horizon"},
-    ViewEntry{"Mtabular", "tabular", "Tabular"},
-    ViewEntry{"Mpass", "passprediction", "PassPrediction"},
+    ViewEntry{"Mnorthwest", mainTag::regions[0], "WorldView"},
+    ViewEntry{"Mnorthcentral", mainTag::regions[1], "WorldView"},
+    ViewEntry{"Mnortheast", mainTag::regions[2], "WorldView"},
+    ViewEntry{"Msouthwest", mainTag::regions[3], "WorldView"},
+    ViewEntry{"Msouthcentral", mainTag::regions[4], "WorldView"},
+    ViewEntry{"Msoutheast", mainTag::regions[5], "WorldView"},
+    ViewEntry{"Mpanoramic", mainTag::horizon, "Horizon"},
+    ViewEntry{"Mtabular", mainTag::tabular, "Tabular"},
+    ViewEntry{"Mpass", mainTag::passPrediction, "PassPrediction"},
 };
 
 void openPlaylist(const ProgramState& state, Services& services, std::string_view query) {
@@ -67,7 +68,7 @@ void runMenuEntry(std::string_view entry, ProgramState& state, Services& service
 
     if (entry == "Mworldview") openView(state, services, worldTag(services), "WorldView");
     // Behind this word no view stands; so `Main` stays on the screen.
-    if (entry == "mnu3Dview") state.MainTag = "3D";
+    if (entry == "mnu3Dview") state.MainTag = mainTag::threeD;
     if (entry == "mnuNASAhi") openPlaylist(state, services, "makeplaylist.dll?id=139072&segment=");
     if (entry == "mnuNASAlo") openPlaylist(state, services, "makeplaylist.dll?id=138294&segment=");
     if (entry == "MhelpOLD") services.desktop.openAddress(readHosts(state).helpPage);
@@ -113,7 +114,7 @@ void BUTexit_Click(ProgramState& state, Services& services) {
     if (!mayEnd(services)) return;
     services.capture.closeAll();
     services.windows.unload("frmTracker");
-    state.MainTag = "exit";
+    state.MainTag = mainTag::exit;
     services.windows.unload("Main");
 }
 

@@ -24,6 +24,7 @@
 #include "core/services.h"
 #include "core/texts.h"
 #include "core/version.h"
+#include "core/view_words.h"
 #include "orbit/engine_access.h"
 #include "orbit/orbit_engine.h"
 
@@ -127,11 +128,6 @@ void loadPlaces(ProgramState& state, Services& services) {
 
 }  // namespace
 
-std::string versionText() {
-    return std::to_string(versionMajor) + "." + std::to_string(versionMinor) +
-           std::to_string(versionRevision);
-}
-
 void Form_Initialize(ProgramState& state, Services& services) {
     constexpr double largestFont = 100;
     state.CommandLineDone = false;
@@ -147,10 +143,7 @@ void Form_Load(MainForm& form, ProgramState& state, Services& services) {
         if (GetConfig(services, settings::changeRes) == "1") SetDisplayMode(form, services, 800, 600);
     });
     label.phase("Skin");
-    label.step([&] {
-        form.skin.create();
-        ApplySkin(services, form.skin);
-    });
+    label.step([&] { ApplySkin(services, form.skin); });
     label.phase("Kormoslib");
     label.step([&] { state.OrbitEngine = std::make_shared<OrbitEngine>(&services.clock); });
     // Blending is the program's own here; no machine lacks it.
@@ -168,8 +161,8 @@ void Form_Load(MainForm& form, ProgramState& state, Services& services) {
     // Before the first read, which stores the default.
     form.isPlaceUnknown = !services.settings.get(settings::locationName.key);
     LoadAllSettings(state, services);
-    form.Caption = "Vantrace v" + versionText();
-    form.Label2 = "v" + versionText();
+    form.Caption = "Vantrace v" + std::string(shortVersion);
+    form.Label2 = "v" + std::string(shortVersion);
     label.step([&] {
         form.Dstatus = std::to_string(engineOf(state).EngineSatelliteCount()) +
                        " Satellites in the Keplerian Files (" + std::to_string(state.GroupCount) + " groups)";
@@ -221,7 +214,7 @@ void Form_QueryUnload(MainForm& form, Services& services) {
 
 void Form_Unload(MainForm& /*form*/, ProgramState& state, Services& services) {
     // Also when the window's frame was used, so that what is still running leaves.
-    state.MainTag = "exit";
+    state.MainTag = mainTag::exit;
     // A recording is saved as long as its window is there.
     services.windows.unload("Record");
     state.OrbitEngine.reset();

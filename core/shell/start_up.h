@@ -10,9 +10,6 @@ namespace vantrace {
 struct ProgramState;
 struct Services;
 
-/// "0.10": major and minor with the revision behind it, without a point between those two.
-std::string versionText();
-
 void Form_Initialize(ProgramState& state, Services& services);
 
 /// Makes the engine, checks the data files, loads the catalogue and the observer, and greets. The composition

@@ -6,6 +6,7 @@
 #include "core/program_state.h"
 #include "core/services.h"
 #include "core/texts.h"
+#include "core/view_words.h"
 #include "orbit/engine_access.h"
 #include "orbit/orbit_engine.h"
 #include "orbit/sunrise.h"
@@ -22,7 +23,7 @@ void showElementAge(MainForm& form, ProgramState& state, Services& services, Err
     std::int16_t start = 0;
     label.step([&] { start = FindFirstKepLine(state, services, file); });
     // The search yields, and the user may have left.
-    if (state.MainTag == "exit") return;
+    if (state.MainTag == mainTag::exit) return;
     std::string line1;
     label.step([&] { line1 = lineFoundAfter(state, file, start); });
     std::int32_t epochYear = 0;
@@ -79,7 +80,7 @@ std::string elementAgeText(std::int32_t ageDays) {
 void refreshStatusPanel(MainForm& form, ProgramState& state, Services& services, ErrorLabel& label) {
     label.step([&] { engineOf(state).EngineSetKepPath(state.AppPath); });
     showElementAge(form, state, services, label);
-    if (state.MainTag == "exit") return;
+    if (state.MainTag == mainTag::exit) return;
     showObserver(form, state, services);
     showSunTimes(form, state, services, label);
 }

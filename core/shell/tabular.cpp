@@ -11,6 +11,7 @@
 #include "core/services.h"
 #include "core/spoken_name.h"
 #include "core/texts.h"
+#include "core/view_words.h"
 #include "orbit/satcalc.h"
 
 namespace vantrace {
@@ -57,7 +58,7 @@ bool SatOnMap(const TabularForm& form, std::string_view name) {
 }
 
 void RefreshTable(TabularForm& form, const ProgramState& state) {
-    if (state.MainTag == "menu") return;
+    if (state.MainTag == mainTag::menu) return;
     form.TabList.clear();
     for (std::int16_t i = 1; i <= state.FavouriteCount; ++i) {
         const std::string& name = state.Favourites[i].Name;
@@ -71,9 +72,9 @@ void MainLoop(TabularForm& form, ProgramState& state, Services& services) {
     for (TableRow& row : form.TabList) {
         const std::string_view name = trimmed(row.columns[0]);
         if (!FavouriteExists(state, name)) continue;
-        if (state.MainTag == "menu") return;
+        if (state.MainTag == mainTag::menu) return;
         trackNow(state, services, name);
-        if (state.MainTag == "menu") return;
+        if (state.MainTag == mainTag::menu) return;
         writeColumns(row, state, services);
         if (state.SatElevation >= 0) {
             if (row.colour == outOfRangeColour) announceRise(name, state, services);
@@ -92,8 +93,7 @@ void MainLoop(TabularForm& form, ProgramState& state, Services& services) {
 }
 
 void Form_Load(TabularForm& form, const ProgramState& state, Services& services) {
-    if (state.MainTag == "menu") return;
-    form.skin.create();
+    if (state.MainTag == mainTag::menu) return;
     ApplySkin(services, form.skin);
     RefreshTable(form, state);
     form.Timer1.isEnabled = true;

@@ -13,13 +13,13 @@
 #include "core/services.h"
 #include "core/shell/status_panel.h"
 #include "core/texts.h"
+#include "core/view_words.h"
 
 namespace vantrace {
 
 namespace {
 
 constexpr std::array viewWindows = {"WorldView", "Horizon", "PassPrediction", "Record", "Tabular"};
-constexpr std::array<std::string_view, 6> regions = {"NWQ", "NCQ", "NEQ", "SWQ", "SCQ", "SEQ"};
 
 void unloadViews(Services& services, ErrorLabel& label) {
     for (const char* const window : viewWindows) {
@@ -37,7 +37,7 @@ void applySwitches(ProgramState& state, Services& services, ErrorLabel& label) {
     label.step([&] {
         if (isGiven("/WORLD")) openView(state, services, worldTag(services), "WorldView");
     });
-    for (const std::string_view region : regions) {
+    for (const std::string_view region : mainTag::regions) {
         label.step([&] {
             if (!isGiven("/" + std::string(region)) || !services.windows.isRegistered("WorldView")) return;
             state.MainTag = region;
@@ -56,9 +56,9 @@ void openNextView(ProgramState& state, Services& services, std::string_view tag,
 
 void dispatchNextView(ProgramState& state, Services& services) {
     const std::string view = state.NextView;
-    if (view == "Horizon") openNextView(state, services, "horizon", "Horizon");
-    if (view == "pass") openNextView(state, services, "pass", "PassPrediction");
-    if (view == "world") openNextView(state, services, worldTag(services), "WorldView");
+    if (view == nextView::horizon) openNextView(state, services, mainTag::horizon, "Horizon");
+    if (view == nextView::pass) openNextView(state, services, nextView::pass, "PassPrediction");
+    if (view == nextView::world) openNextView(state, services, worldTag(services), "WorldView");
 }
 
 }  // namespace
@@ -70,14 +70,10 @@ void openView(ProgramState& state, Services& services, std::string_view tag, std
     if (services.windows.isOnScreen(window)) services.windows.hide("Main");
 }
 
-std::string_view worldTag(Services& services) {
-    return GetConfig(services, settings::altWorld) == "1" ? "worldalt" : "worldnormal";
-}
-
 void Form_Activate(MainForm& form, ProgramState& state, Services& services) {
     ErrorLabel label(services, labels::mainFormActivate);
     unloadViews(services, label);
-    state.MainTag = "menu";
+    state.MainTag = mainTag::menu;
     label.step(
         [&] { state.CompatibilityMode = numberValue(GetConfig(services, settings::compatibility)) == 1; });
     label.step([&] {
@@ -85,7 +81,7 @@ void Form_Activate(MainForm& form, ProgramState& state, Services& services) {
     });
     if (state.GroupCount != 0) refreshStatusPanel(form, state, services, label);
     // The panel yields, and the user may have left.
-    if (state.MainTag == "exit") return;
+    if (state.MainTag == mainTag::exit) return;
     label.step([&] { services.capture.closeAll(); });
     if (!state.CommandLineDone) applySwitches(state, services, label);
     label.step([&] { dispatchNextView(state, services); });
@@ -94,7 +90,7 @@ void Form_Activate(MainForm& form, ProgramState& state, Services& services) {
     label.step([&] { services.windows.unload("frmSplash"); });
     label.step([&] {
         // A view that the command line asked for comes first.
-        if (state.MainTag != "menu" || !std::exchange(form.isPlaceUnknown, false)) return;
+        if (state.MainTag != mainTag::menu || !std::exchange(form.isPlaceUnknown, false)) return;
         services.windows.show("frmCONmain");
     });
 }

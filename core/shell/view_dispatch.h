@@ -14,9 +14,6 @@ struct Services;
 /// window that nobody registered leaves all as it is.
 void openView(ProgramState& state, Services& services, std::string_view tag, std::string_view window);
 
-/// "worldalt" or "worldnormal", by the setting.
-std::string_view worldTag(Services& services);
-
 /// Every time that `Main` comes back: unloads the views, writes "menu", refreshes the status panel, and opens
 /// what the switches of the command line (the first time only) and `NextView` ask for. Where nobody knows the
 /// observer's place yet, `frmCONmain` opens beside it, once.

@@ -1,9 +1,14 @@
 #include "core/ui/form_window.h"
 
+#include <QAbstractButton>
+#include <QAction>
 #include <QCloseEvent>
+#include <QComboBox>
 #include <QIcon>
+#include <QLineEdit>
 #include <QScreen>
 #include <QShortcut>
+#include <QSlider>
 #include <QTimer>
 #include <utility>
 
@@ -108,6 +113,33 @@ void FormWindow::handleTick(const std::function<void()>& tick) {
     m_host.handleTick(m_name, [&] {
         if (!m_isRetired) run(tick);
     });
+}
+
+void FormWindow::onClick(QAbstractButton* button, const std::function<void()>& handler) {
+    connect(button, &QAbstractButton::clicked, this, [this, handler] { handle(handler); });
+}
+
+void FormWindow::onPick(QComboBox* box, const std::function<void()>& handler) {
+    connect(box, &QComboBox::activated, this, [this, handler] { handle(handler); });
+}
+
+void FormWindow::onSlide(QSlider* slider, const std::function<void()>& handler) {
+    connect(slider, &QSlider::valueChanged, this, [this, handler] { handle(handler); });
+}
+
+void FormWindow::onEdit(QLineEdit* field, const std::function<void()>& handler) {
+    connect(field, &QLineEdit::textEdited, this, [this, handler] { handle(handler); });
+}
+
+void FormWindow::onChosen(QAction* entry, const std::function<void()>& handler) {
+    connect(entry, &QAction::triggered, this, [this, handler] { handle(handler); });
+}
+
+void FormWindow::onMenu(const QWidget& menu, const std::function<void(const std::string& entry)>& handler) {
+    for (QAction* const entry : menu.actions()) {
+        if (entry->isSeparator()) continue;
+        onChosen(entry, [handler, name = entry->objectName().toStdString()] { handler(name); });
+    }
 }
 
 QTimer* FormWindow::addTimer(const QString& name, const std::function<void()>& tick) {

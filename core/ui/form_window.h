@@ -10,6 +10,11 @@
 #include "core/ui/window_host.h"
 #include "core/window_registry.h"
 
+class QAbstractButton;
+class QAction;
+class QComboBox;
+class QLineEdit;
+class QSlider;
 class QTimer;
 
 namespace vantrace {
@@ -48,6 +53,14 @@ class FormWindow : public QMainWindow, public RegisteredWindow {
     /// Runs a handler under the host's guard, with the controls read before and written after it.
     void handle(const std::function<void()>& handler);
     void handleTick(const std::function<void()>& tick);
+    /// What the user does with a control runs a handler.
+    void onClick(QAbstractButton* button, const std::function<void()>& handler);
+    void onPick(QComboBox* box, const std::function<void()>& handler);
+    void onSlide(QSlider* slider, const std::function<void()>& handler);
+    void onEdit(QLineEdit* field, const std::function<void()>& handler);
+    void onChosen(QAction* entry, const std::function<void()>& handler);
+    /// All entries of a menu, by their names.
+    void onMenu(const QWidget& menu, const std::function<void(const std::string& entry)>& handler);
     /// A timer that does what the struct says, and whose ticks are handlers. A tick inside its own tick is
     /// left out.
     QTimer* addTimer(const QString& name, const std::function<void()>& tick);

@@ -31,13 +31,13 @@ frmCONGroups::frmCONGroups(WindowHost& host, ProgramState& state, Services& serv
     m_publicFiles = std::make_unique<DropDownControl>(*m_ui->COMCelestrak);
     m_ui->GroupList->setFocus();
     connectLists();
-    onClick(m_ui->BUTaddCelestrak, BUTaddCelestrak_Click);
-    onClick(m_ui->BUTaddgroup, BUTaddgroup_Click);
-    onClick(m_ui->BUTdeletegroup, BUTdeletegroup_Click);
-    onClick(m_ui->BUTsel, BUTsel_Click);
-    onClick(m_ui->BUTdesel, BUTdesel_Click);
-    onClick(m_ui->BUTmakeprime, BUTmakeprime_Click);
-    onClick(m_ui->BUTfindInfo, BUTfindInfo_Click);
+    onClick(m_ui->BUTaddCelestrak, [this] { BUTaddCelestrak_Click(m_form, m_state, m_services); });
+    onClick(m_ui->BUTaddgroup, [this] { BUTaddgroup_Click(m_form, m_state, m_services); });
+    onClick(m_ui->BUTdeletegroup, [this] { BUTdeletegroup_Click(m_form, m_state, m_services); });
+    onClick(m_ui->BUTsel, [this] { BUTsel_Click(m_form, m_state, m_services); });
+    onClick(m_ui->BUTdesel, [this] { BUTdesel_Click(m_form, m_state, m_services); });
+    onClick(m_ui->BUTmakeprime, [this] { BUTmakeprime_Click(m_form, m_state, m_services); });
+    onClick(m_ui->BUTfindInfo, [this] { BUTfindInfo_Click(m_form, m_state, m_services); });
     connect(m_ui->closeButton, &QPushButton::clicked, this, &QWidget::close);
 }
 
@@ -59,10 +59,6 @@ void frmCONGroups::connectLists() {
 
 void frmCONGroups::run(Handler handler) {
     handle([this, handler] { handler(m_form, m_state, m_services); });
-}
-
-void frmCONGroups::onClick(QPushButton* button, Handler handler) {
-    connect(button, &QPushButton::clicked, this, [this, handler] { run(handler); });
 }
 
 void frmCONGroups::formLoad() {

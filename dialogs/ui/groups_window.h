@@ -6,8 +6,6 @@
 #include "core/ui/form_window.h"
 #include "dialogs/groups_settings.h"
 
-class QPushButton;
-
 namespace Ui {
 class frmCONGroups;
 }
@@ -36,7 +34,6 @@ class frmCONGroups final : public FormWindow {
 
     void connectLists();
     void run(Handler handler);
-    void onClick(QPushButton* button, Handler handler);
 
     ProgramState& m_state;
     Services& m_services;

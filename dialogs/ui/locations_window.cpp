@@ -22,10 +22,8 @@ frmCONlocations::frmCONlocations(WindowHost& host, ProgramState& state, Services
             handle([&] { ListLocations_ItemCheck(m_form, m_state, m_services, row, isTicked); });
         });
     m_ui->ListLocations->setFocus();
-    connect(m_ui->BUTaddlocations, &QPushButton::clicked, this,
-            [this] { handle([this] { BUTaddlocations_Click(m_form, m_state, m_services); }); });
-    connect(m_ui->BUTremovelocations, &QPushButton::clicked, this,
-            [this] { handle([this] { BUTremovelocations_Click(m_form, m_state, m_services); }); });
+    onClick(m_ui->BUTaddlocations, [this] { BUTaddlocations_Click(m_form, m_state, m_services); });
+    onClick(m_ui->BUTremovelocations, [this] { BUTremovelocations_Click(m_form, m_state, m_services); });
     connect(m_ui->closeButton, &QPushButton::clicked, this, &QWidget::close);
 }
 

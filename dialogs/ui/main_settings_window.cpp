@@ -40,40 +40,23 @@ frmCONmain::~frmCONmain() = default;
 void frmCONmain::connectPlace() {
     onEdit(m_ui->Tlocation, [this] { Tlocation_Change(m_form, m_services); });
     onEdit(m_ui->Theight, [this] { Theight_Change(m_form, m_services); });
-    connect(m_ui->OPdecDeg, &QRadioButton::clicked, this,
-            [this] { handle([this] { OPdecDeg_Click(m_form, m_services); }); });
-    connect(m_ui->OPnonDecDeg, &QRadioButton::clicked, this,
-            [this] { handle([this] { OPnonDecDeg_Click(m_form, m_services); }); });
-    connect(m_ui->BUTeditTZ, &QPushButton::clicked, this,
-            [this] { handle([this] { BUTeditTZ_Click(m_services); }); });
+    onClick(m_ui->OPdecDeg, [this] { OPdecDeg_Click(m_form, m_services); });
+    onClick(m_ui->OPnonDecDeg, [this] { OPnonDecDeg_Click(m_form, m_services); });
+    onClick(m_ui->BUTeditTZ, [this] { BUTeditTZ_Click(m_services); });
 }
 
 void frmCONmain::connectOthers() {
-    onTick(m_ui->CHspeechpack, [this] { CHspeechpack_Click(m_form, m_services); });
-    connect(m_ui->VoiceSelect, &QComboBox::activated, this,
-            [this] { handle([this] { VoiceSelect_Click(m_form, m_services); }); });
+    onClick(m_ui->CHspeechpack, [this] { CHspeechpack_Click(m_form, m_services); });
+    onPick(m_ui->VoiceSelect, [this] { VoiceSelect_Click(m_form, m_services); });
     onSlide(m_ui->SLspeechspeed, [this] { SLspeechspeed_Change(m_form, m_services); });
-    onTick(m_ui->CHrecwxsat, [this] { CHrecwxsat_Click(m_form, m_services); });
-    onTick(m_ui->CHrecPrimary, [this] { CHrecPrimary_Click(m_form, m_services); });
+    onClick(m_ui->CHrecwxsat, [this] { CHrecwxsat_Click(m_form, m_services); });
+    onClick(m_ui->CHrecPrimary, [this] { CHrecPrimary_Click(m_form, m_services); });
     onSlide(m_ui->SLminEl, [this] { SLminEl_Change(m_form, m_services); });
-    connect(m_ui->BUTwxWavDir, &QPushButton::clicked, this,
-            [this] { handle([this] { BUTwxWavDir_Click(m_form, m_services); }); });
-    onTick(m_ui->Chchangeres, [this] { Chchangeres_Click(m_form, m_services); });
-    onTick(m_ui->CHcomp, [this] { CHcomp_Click(m_form, m_state, m_services); });
-    onTick(m_ui->CHskin, [this] { CHskin_Click(m_form, m_services); });
+    onClick(m_ui->BUTwxWavDir, [this] { BUTwxWavDir_Click(m_form, m_services); });
+    onClick(m_ui->Chchangeres, [this] { Chchangeres_Click(m_form, m_services); });
+    onClick(m_ui->CHcomp, [this] { CHcomp_Click(m_form, m_state, m_services); });
+    onClick(m_ui->CHskin, [this] { CHskin_Click(m_form, m_services); });
     connect(m_ui->closeButton, &QPushButton::clicked, this, &QWidget::close);
-}
-
-void frmCONmain::onEdit(QLineEdit* field, const std::function<void()>& handler) {
-    connect(field, &QLineEdit::textEdited, this, [this, handler] { handle(handler); });
-}
-
-void frmCONmain::onTick(QCheckBox* box, const std::function<void()>& handler) {
-    connect(box, &QCheckBox::clicked, this, [this, handler] { handle(handler); });
-}
-
-void frmCONmain::onSlide(QSlider* slider, const std::function<void()>& handler) {
-    connect(slider, &QSlider::valueChanged, this, [this, handler] { handle(handler); });
 }
 
 void frmCONmain::formLoad() {

@@ -7,10 +7,6 @@
 #include "core/ui/form_window.h"
 #include "dialogs/main_settings.h"
 
-class QCheckBox;
-class QLineEdit;
-class QSlider;
-
 namespace Ui {
 class frmCONmain;
 }
@@ -36,9 +32,6 @@ class frmCONmain final : public FormWindow {
 
     void connectPlace();
     void connectOthers();
-    void onEdit(QLineEdit* field, const std::function<void()>& handler);
-    void onTick(QCheckBox* box, const std::function<void()>& handler);
-    void onSlide(QSlider* slider, const std::function<void()>& handler);
     /// The boxes of the coordinates, and what the form holds of them.
     void forEachField(const std::function<void(QLineEdit&, std::string&)>& action);
     void showCoordinates();

@@ -27,33 +27,18 @@ frmCON2D::frmCON2D(WindowHost& host, ProgramState& state, Services& services)
     m_maps = std::make_unique<DropDownControl>(*m_ui->COMmap);
     m_horizons = std::make_unique<DropDownControl>(*m_ui->COMhormap);
     m_ui->SLgroundTrackLen->setFocus();
-    onSlide(m_ui->SLgroundTrackLen, SLgroundTrackLen_Change);
-    onSlide(m_ui->SLMapUpdate, SLMapUpdate_Change);
-    onTick(m_ui->CHgroundtrack, CHgroundtrack_Click);
-    onTick(m_ui->CHfootprints, CHfootprints_Click);
-    onTick(m_ui->CHaltworld, CHaltworld_Click);
-    onTick(m_ui->CHshowinfopane, CHshowinfopane_Click);
-    onPick(m_ui->COMmap, COMmap_Click);
-    onPick(m_ui->COMhormap, COMhormap_Click);
+    onSlide(m_ui->SLgroundTrackLen, [this] { SLgroundTrackLen_Change(m_form, m_services); });
+    onSlide(m_ui->SLMapUpdate, [this] { SLMapUpdate_Change(m_form, m_services); });
+    onClick(m_ui->CHgroundtrack, [this] { CHgroundtrack_Click(m_form, m_services); });
+    onClick(m_ui->CHfootprints, [this] { CHfootprints_Click(m_form, m_services); });
+    onClick(m_ui->CHaltworld, [this] { CHaltworld_Click(m_form, m_services); });
+    onClick(m_ui->CHshowinfopane, [this] { CHshowinfopane_Click(m_form, m_services); });
+    onPick(m_ui->COMmap, [this] { COMmap_Click(m_form, m_services); });
+    onPick(m_ui->COMhormap, [this] { COMhormap_Click(m_form, m_services); });
     connect(m_ui->closeButton, &QPushButton::clicked, this, &QWidget::close);
 }
 
 frmCON2D::~frmCON2D() = default;
-
-void frmCON2D::onSlide(QSlider* slider, Handler handler) {
-    connect(slider, &QSlider::valueChanged, this,
-            [this, handler] { handle([this, handler] { handler(m_form, m_services); }); });
-}
-
-void frmCON2D::onTick(QCheckBox* box, Handler handler) {
-    connect(box, &QCheckBox::clicked, this,
-            [this, handler] { handle([this, handler] { handler(m_form, m_services); }); });
-}
-
-void frmCON2D::onPick(QComboBox* box, Handler handler) {
-    connect(box, &QComboBox::activated, this,
-            [this, handler] { handle([this, handler] { handler(m_form, m_services); }); });
-}
 
 void frmCON2D::formLoad() {
     Form_Load(m_form, m_state, m_services);

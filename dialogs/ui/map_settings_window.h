@@ -7,10 +7,6 @@
 #include "core/ui/form_window.h"
 #include "dialogs/map_settings.h"
 
-class QCheckBox;
-class QComboBox;
-class QSlider;
-
 namespace Ui {
 class frmCON2D;
 }
@@ -28,15 +24,9 @@ class frmCON2D final : public FormWindow {
     frmCON2D& operator=(const frmCON2D&) = delete;
 
   private:
-    using Handler = void (*)(MapSettingsForm&, Services&);
-
     void formLoad() override;
     void readControls() override;
     void writeControls() override;
-
-    void onSlide(QSlider* slider, Handler handler);
-    void onTick(QCheckBox* box, Handler handler);
-    void onPick(QComboBox* box, Handler handler);
 
     ProgramState& m_state;
     Services& m_services;

@@ -70,10 +70,6 @@ IridiumFlares::IridiumFlares(WindowHost& host, ProgramState& state, Services& se
 
 IridiumFlares::~IridiumFlares() = default;
 
-void IridiumFlares::onClick(QAbstractButton* button, const std::function<void()>& handler) {
-    connect(button, &QAbstractButton::clicked, this, [this, handler] { handle(handler); });
-}
-
 /// What is to be done stands where the rows will be.
 void IridiumFlares::layHintOverList() {
     auto* const place = new QVBoxLayout(m_ui->LSTflares->viewport());

@@ -8,8 +8,6 @@
 #include "core/ui/form_window.h"
 #include "flares/iridium_flares_form.h"
 
-class QAbstractButton;
-
 namespace Ui {
 class IridiumFlares;
 }
@@ -33,7 +31,6 @@ class IridiumFlares final : public FormWindow {
     void formUnload() override;
     void writeControls() override;
 
-    void onClick(QAbstractButton* button, const std::function<void()>& handler);
     void layHintOverList();
     void writeRows();
     void fitContents();

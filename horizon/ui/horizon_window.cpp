@@ -35,13 +35,8 @@ Horizon::Horizon(WindowHost& host, ProgramState& state, Services& services)
 Horizon::~Horizon() = default;
 
 void Horizon::connectMenus() {
-    for (QMenu* const menu : {m_ui->options, m_ui->controls}) {
-        for (QAction* const entry : menu->actions()) {
-            if (entry->isSeparator()) continue;
-            const std::string name = entry->objectName().toStdString();
-            connect(entry, &QAction::triggered, this,
-                    [this, name] { handle([this, name] { runHorizonEntry(name, m_view); }); });
-        }
+    for (const QMenu* const menu : {m_ui->options, m_ui->controls}) {
+        onMenu(*menu, [this](const std::string& entry) { runHorizonEntry(entry, m_view); });
     }
 }
 

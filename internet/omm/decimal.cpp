@@ -3,14 +3,11 @@
 #include <algorithm>
 
 #include "core/texts.h"
+#include "platform/ascii.h"
 
 namespace vantrace {
 
 namespace {
-
-constexpr bool isDigit(char c) {
-    return c >= '0' && c <= '9';
-}
 
 /// Takes a sign from the front of a text; whether it is a minus.
 bool takeSign(std::string_view& text) {

@@ -3,16 +3,11 @@
 #include <algorithm>
 #include <cstdlib>
 
+#include "platform/ascii.h"
+
 namespace vantrace {
 
 namespace {
-
-constexpr bool isDigit(char c) {
-    return c >= '0' && c <= '9';
-}
-constexpr bool isCapital(char c) {
-    return c >= 'A' && c <= 'Z';
-}
 
 std::string withZeros(std::int64_t value, std::size_t width) {
     const std::string digits = std::to_string(value);

@@ -36,9 +36,9 @@ frmCONUpdates::frmCONUpdates(WindowHost& host, ProgramState& state, Services& se
     makeTransparent(*m_ui->centre);
     closeOnEscape();
     m_ui->BUTupdateKeps->setFocus();
-    onClick(m_ui->BUTupdateKeps, [this] { BUTupdateKeps_Click(m_form, m_state, m_services); });
-    onClick(m_ui->BUTsyncClock, [this] { BUTsyncClock_Click(m_form, m_state, m_services); });
-    onClick(m_ui->BUTupdateDB, [this] { BUTupdateDB_Click(m_form, m_state, m_services); });
+    onJob(m_ui->BUTupdateKeps, [this] { BUTupdateKeps_Click(m_form, m_state, m_services); });
+    onJob(m_ui->BUTsyncClock, [this] { BUTsyncClock_Click(m_form, m_state, m_services); });
+    onJob(m_ui->BUTupdateDB, [this] { BUTupdateDB_Click(m_form, m_state, m_services); });
     onClick(m_ui->closeButton, [this] { m_services.windows.unload("frmCONUpdates"); });
     // The fields of the proxy follow the choice.
     connect(m_ui->OPproxyON_1, &QRadioButton::toggled, this, [this] { handle([] {}); });
@@ -46,7 +46,7 @@ frmCONUpdates::frmCONUpdates(WindowHost& host, ProgramState& state, Services& se
 
 frmCONUpdates::~frmCONUpdates() = default;
 
-void frmCONUpdates::onClick(QPushButton* button, const std::function<void()>& handler) {
+void frmCONUpdates::onJob(QPushButton* button, const std::function<void()>& handler) {
     connect(button, &QPushButton::clicked, this, [this, handler, button = QPointer(button)] {
         handle(handler);
         // The focus went on when the job took the button away. The window may be gone by now.

@@ -29,7 +29,7 @@ class frmCONUpdates final : public FormWindow {
     void readControls() override;
     void writeControls() override;
 
-    void onClick(QPushButton* button, const std::function<void()>& handler);
+    void onJob(QPushButton* button, const std::function<void()>& handler);
     void writeStatus();
 
     ProgramState& m_state;

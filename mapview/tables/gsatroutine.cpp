@@ -7,6 +7,7 @@
 #include "core/numbers.h"
 #include "core/program_state.h"
 #include "core/services.h"
+#include "core/view_words.h"
 #include "mapview/map_state.h"
 #include "mapview/tables/footprint.h"
 #include "mapview/tables/info_pane.h"
@@ -60,7 +61,7 @@ void Gsatroutine(WorldViewForm& form, MapState& map, ProgramState& state, Servic
     std::string name;
     // The favourites, their count, the selected one and the time may be others after each yield.
     for (int i = 1; i <= state.FavouriteCount; ++i) {
-        if (state.MainTag == "menu") {
+        if (state.MainTag == mainTag::menu) {
             return;
         }
         label.step([&] { name = state.Favourites[i].Name; });
@@ -70,7 +71,7 @@ void Gsatroutine(WorldViewForm& form, MapState& map, ProgramState& state, Servic
         if (form.TimeWarp <= 0 && isPrimary) {
             testRecording(state, services, label, name);
         }
-        if (state.MainTag == "menu") {
+        if (state.MainTag == mainTag::menu) {
             return;
         }
         label.step([&] { storePosition(state.Favourites[i], state); });

@@ -86,27 +86,18 @@ void WorldView::nameLines() {
 }
 
 void WorldView::connectMenus() {
-    for (QMenu* const menu : {m_ui->M2, m_ui->M3}) {
-        for (QAction* const entry : menu->actions()) {
-            const std::string name = entry->objectName().toStdString();
-            if (entry->isSeparator()) continue;
-            connect(entry, &QAction::triggered, this,
-                    [this, name] { handle([this, name] { runMapEntry(name, m_world); }); });
-        }
+    for (const QMenu* const menu : {m_ui->M2, m_ui->M3}) {
+        onMenu(*menu, [this](const std::string& entry) { runMapEntry(entry, m_world); });
     }
 }
 
 void WorldView::connectPane() {
-    const auto onClick = [this](QAbstractButton* button, const std::function<void()>& handler) {
-        connect(button, &QAbstractButton::clicked, this, [this, handler] { handle(handler); });
-    };
     onClick(m_ui->BUTexpand, [this] { BUTexpand_Click(m_world); });
     onClick(m_ui->BUTtime_0, [this] { BUTtime_Click(m_world, 0); });
     onClick(m_ui->BUTtime_1, [this] { BUTtime_Click(m_world, 1); });
     onClick(m_ui->BUTimode_0, [this] { BUTimode_Click(m_world, 0); });
     onClick(m_ui->BUTimode_1, [this] { BUTimode_Click(m_world, 1); });
-    connect(m_ui->SliderWarp, &QSlider::valueChanged, this,
-            [this] { handle([this] { SliderWarp_Change(m_world); }); });
+    onSlide(m_ui->SliderWarp, [this] { SliderWarp_Change(m_world); });
 }
 
 void WorldView::formLoad() {
@@ -239,8 +230,7 @@ void WorldView::writeFavourites() {
     for (std::size_t i = 0; i < m_form.MFaveList.size(); ++i) {
         QAction* const entry = m_ui->M1->addAction(entryText(m_form.MFaveList[i]));
         entry->setObjectName(QStringLiteral("MFaveList_%1").arg(i));
-        connect(entry, &QAction::triggered, this,
-                [this, i] { handle([this, i] { MFaveList_Click(m_world, static_cast<std::int16_t>(i)); }); });
+        onChosen(entry, [this, i] { MFaveList_Click(m_world, static_cast<std::int16_t>(i)); });
     }
     if (!m_ui->M1->isEmpty()) m_ui->M1->insertSeparator(m_ui->M1->actions().value(1));
 }

@@ -70,15 +70,9 @@ PassPrediction::PassPrediction(WindowHost& host, ProgramState& state, Services& 
 
 PassPrediction::~PassPrediction() = default;
 
-void PassPrediction::onClick(QAbstractButton* button, const std::function<void()>& handler) {
-    connect(button, &QAbstractButton::clicked, this, [this, handler] { handle(handler); });
-}
-
 void PassPrediction::connectChoices() {
-    connect(m_ui->Groupname, &QComboBox::activated, this,
-            [this] { handle([this] { Groupname_Click(m_form, m_state, m_services); }); });
-    connect(m_ui->SatelliteName, &QComboBox::activated, this,
-            [this] { handle([this] { SatelliteName_Click(m_form); }); });
+    onPick(m_ui->Groupname, [this] { Groupname_Click(m_form, m_state, m_services); });
+    onPick(m_ui->SatelliteName, [this] { SatelliteName_Click(m_form); });
     const auto dateClick = [this] { handle([this] { Calendar_DateClick(m_form); }); };
     connect(m_ui->Calendar, &QCalendarWidget::clicked, this, dateClick);
     connect(m_ui->Calendar, &QCalendarWidget::activated, this, dateClick);

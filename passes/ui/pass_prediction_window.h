@@ -9,8 +9,6 @@
 #include "passes/pass_prediction_form.h"
 #include "passes/pass_windows.h"
 
-class QAbstractButton;
-
 namespace Ui {
 class PassPrediction;
 }
@@ -38,7 +36,6 @@ class PassPrediction final : public FormWindow, public PassPredictionWindow {
     void readControls() override;
     void writeControls() override;
 
-    void onClick(QAbstractButton* button, const std::function<void()>& handler);
     void connectChoices();
     void connectResults();
     void connectJobs();

@@ -44,8 +44,7 @@ PassWizard::PassWizard(WindowHost& host, ProgramState& state, Services& services
     m_satellites = std::make_unique<DropDownControl>(*m_ui->COMsatname);
     m_list = std::make_unique<NameListControl>(*m_ui->SatList);
     m_ui->Tname->setFocus();
-    connect(m_ui->COMgroup, &QComboBox::activated, this,
-            [this] { handle([this] { COMgroup_Click(m_form, m_state, m_services); }); });
+    onPick(m_ui->COMgroup, [this] { COMgroup_Click(m_form, m_state, m_services); });
     onClick(m_ui->BUTadd, [this] { BUTadd_Click(m_form, m_services); });
     onClick(m_ui->BUTremove, [this] { BUTremove_Click(m_form, m_services); });
     onClick(m_ui->BUTSaveJob, [this] { BUTSaveJob_Click(m_form, m_state, m_services); });
@@ -53,10 +52,6 @@ PassWizard::PassWizard(WindowHost& host, ProgramState& state, Services& services
 }
 
 PassWizard::~PassWizard() = default;
-
-void PassWizard::onClick(QPushButton* button, const std::function<void()>& handler) {
-    connect(button, &QPushButton::clicked, this, [this, handler] { handle(handler); });
-}
 
 void PassWizard::showJob(const JobToEdit& job) {
     handle([&] { vantrace::showJob(m_form, job); });

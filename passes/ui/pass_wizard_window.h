@@ -8,8 +8,6 @@
 #include "core/ui/list_controls.h"
 #include "passes/pass_wizard.h"
 
-class QPushButton;
-
 namespace Ui {
 class PassWizard;
 }
@@ -37,8 +35,6 @@ class PassWizard final : public FormWindow, public PassWizardWindow {
     void showEvent(QShowEvent* event) override;
     /// The frame's button asks as `BUTcancel` does.
     void closeEvent(QCloseEvent* event) override;
-
-    void onClick(QPushButton* button, const std::function<void()>& handler);
 
     ProgramState& m_state;
     Services& m_services;

@@ -18,10 +18,8 @@ Record::Record(WindowHost& host, ProgramState& state, Services& services)
     m_ui->setupUi(this);
     // It comes up while the user may be typing elsewhere: no key of his is to press a button.
     m_ui->centre->setFocus();
-    connect(m_ui->BUTstartstop, &QPushButton::clicked, this,
-            [this] { handle([this] { BUTstartstop_Click(m_form, m_state, m_services); }); });
-    connect(m_ui->BUTcancel, &QPushButton::clicked, this,
-            [this] { handle([this] { BUTcancel_Click(m_form, m_services); }); });
+    onClick(m_ui->BUTstartstop, [this] { BUTstartstop_Click(m_form, m_state, m_services); });
+    onClick(m_ui->BUTcancel, [this] { BUTcancel_Click(m_form, m_services); });
 }
 
 Record::~Record() = default;

@@ -48,10 +48,8 @@ frmTracker::frmTracker(WindowHost& host, ProgramState& state, Services& services
     new WheelGuard(*m_ui->COMuplink);
     new WheelGuard(*m_ui->COMdownlink);
     m_ui->CHonOff->setFocus();
-    connect(m_ui->CHonOff, &QCheckBox::clicked, this,
-            [this] { handle([this] { CHonOff_Click(m_form, m_services); }); });
-    connect(m_ui->BUTwisp, &QPushButton::clicked, this,
-            [this] { handle([this] { BUTwisp_Click(m_state, m_services); }); });
+    onClick(m_ui->CHonOff, [this] { CHonOff_Click(m_form, m_services); });
+    onClick(m_ui->BUTwisp, [this] { BUTwisp_Click(m_state, m_services); });
 }
 
 frmTracker::~frmTracker() = default;

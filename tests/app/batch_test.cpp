@@ -1,8 +1,7 @@
 #include <sys/stat.h>
 
-#include <algorithm>
-
 #include "tests/app/cli_run.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 
@@ -27,7 +26,7 @@ TEST_F(BatchTest, GoesOnAfterLinesThatFail) {
                                     "2026-09-30,HYPERVIEW 1G (RS66S)\n"
                                     "2026-08-21,sun\n");
     EXPECT_EQ(result.status, 0);
-    const std::vector<std::string> lines = result.lines();
+    const Texts lines = result.lines();
     ASSERT_EQ(lines.size(), 7U);
     EXPECT_EQ(lines[1], "\"NO, SUCH \"\"ONE\"\"\",2026-08-21T20:00:00Z,,,,,,,,,,,");
     EXPECT_EQ(lines[2], "sun,yesterday,,,,,,,,,,,");
@@ -48,7 +47,7 @@ TEST_F(BatchTest, TakesEveryLineEndAndPassesBlankLinesOver) {
                  "2026-08-21,sun\r\n\r\n  \n\n2026-08-22,moon");
     const CliResult result = runCsv({"track", "--batch", (folder.path() / "batch.csv").string()});
     EXPECT_EQ(result.err, "");
-    EXPECT_EQ(csvColumn(result, "name"), (std::vector<std::string>{"sun", "moon"}));
+    EXPECT_EQ(csvColumn(result, "name"), (Texts{"sun", "moon"}));
 }
 
 TEST_F(BatchTest, AnEndlessLineCostsItsOwnRowAlone) {

@@ -6,6 +6,7 @@
 
 #include "app/cli.h"
 #include "platform/text_file.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 
@@ -28,8 +29,8 @@ class TextSource final : public ByteSource {
 
 }  // namespace
 
-std::vector<std::string> CliResult::lines() const {
-    std::vector<std::string> result;
+Texts CliResult::lines() const {
+    Texts result;
     for (const std::string_view line : splitLines(out)) result.emplace_back(line);
     return result;
 }
@@ -57,9 +58,9 @@ std::vector<CsvRow> csvRows(std::string_view text) {
     return rows;
 }
 
-std::vector<std::string> csvColumn(const CliResult& result, std::string_view name) {
+Texts csvColumn(const CliResult& result, std::string_view name) {
     const std::vector<CsvRow> rows = csvRows(result.out);
-    std::vector<std::string> column;
+    Texts column;
     if (rows.empty()) return column;
     const auto index = static_cast<std::size_t>(std::ranges::find(rows.front(), name) - rows.front().begin());
     for (std::size_t i = 1; i < rows.size(); ++i) column.push_back(rows[i].at(index));
@@ -80,7 +81,7 @@ CliTest::CliTest() {
     folder.write("amateur.tle", fallingElements);
 }
 
-CliResult CliTest::runBare(const std::vector<std::string>& arguments, std::string_view input) {
+CliResult CliTest::runBare(const Texts& arguments, std::string_view input) {
     TextSource in(input);
     std::ostringstream out;
     std::ostringstream err;
@@ -93,7 +94,7 @@ CliResult CliTest::runBare(const std::vector<std::string>& arguments, std::strin
     return result;
 }
 
-CliResult CliTest::run(std::vector<std::string> arguments, std::string_view input) {
+CliResult CliTest::run(Texts arguments, std::string_view input) {
     const auto isGiven = [&](std::string_view option) {
         return std::ranges::any_of(arguments,
                                    [&](const std::string& each) { return each.starts_with(option); });
@@ -103,7 +104,7 @@ CliResult CliTest::run(std::vector<std::string> arguments, std::string_view inpu
     return runBare(arguments, input);
 }
 
-CliResult CliTest::runCsv(std::vector<std::string> arguments, std::string_view input) {
+CliResult CliTest::runCsv(Texts arguments, std::string_view input) {
     arguments.emplace_back("--format=csv");
     return run(std::move(arguments), input);
 }

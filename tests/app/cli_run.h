@@ -1,13 +1,8 @@
 // Commands run as functions, over a folder of their own with real element sets.
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include <string>
-#include <string_view>
-#include <vector>
-
 #include "tests/support/test_services.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 
@@ -30,7 +25,7 @@ struct CliResult {
     std::string out;
     std::string err;
 
-    std::vector<std::string> lines() const;
+    Texts lines() const;
 };
 
 using CsvRow = std::vector<std::string>;
@@ -39,7 +34,7 @@ using CsvRow = std::vector<std::string>;
 std::vector<CsvRow> csvRows(std::string_view text);
 
 /// A column of all records but the heading.
-std::vector<std::string> csvColumn(const CliResult& result, std::string_view name);
+Texts csvColumn(const CliResult& result, std::string_view name);
 std::vector<double> csvFigures(const CliResult& result, std::string_view name);
 
 /// It is 2026-08-21 20:00 UTC, 22:00 local time.
@@ -48,11 +43,11 @@ class CliTest : public ::testing::Test {
     CliTest();
 
     /// Runs with --data and --site, if those aren't given; the input is standard input.
-    CliResult run(std::vector<std::string> arguments, std::string_view input = {});
+    CliResult run(Texts arguments, std::string_view input = {});
     /// The same with --format csv.
-    CliResult runCsv(std::vector<std::string> arguments, std::string_view input = {});
+    CliResult runCsv(Texts arguments, std::string_view input = {});
     /// Runs with just these arguments.
-    CliResult runBare(const std::vector<std::string>& arguments, std::string_view input = {});
+    CliResult runBare(const Texts& arguments, std::string_view input = {});
 
     TestServices fakes;
     TemporaryFolder folder;

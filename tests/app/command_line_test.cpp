@@ -1,6 +1,6 @@
-#include <algorithm>
 
 #include "tests/app/cli_run.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 
@@ -8,9 +8,8 @@ namespace {
 
 using CommandLineTest = CliTest;
 
-const std::vector<std::string>& commandNames() {
-    static const std::vector<std::string> names{"track", "state",      "passes", "list",
-                                                "check", "favourites", "today"};
+const Texts& commandNames() {
+    static const Texts names{"track", "state", "passes", "list", "check", "favourites", "today"};
     return names;
 }
 
@@ -64,7 +63,7 @@ TEST_F(CommandLineTest, AUsersErrorIsOneLineAndStatus2) {
         {"list", "--data", (folder.path() / "stations.txt").string()},
         {"track", "line\nbreak\x1B"},
     };
-    for (const std::vector<std::string>& arguments : wrong) {
+    for (const Texts& arguments : wrong) {
         const CliResult result = run(arguments);
         const std::string all = ::testing::PrintToString(arguments) + "\n" + result.err;
         EXPECT_EQ(result.status, 2) << all;

@@ -1,4 +1,5 @@
 #include "tests/app/cli_run.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 
@@ -24,7 +25,7 @@ TEST_F(ConvertTest, PrintsSetsThatTheProgramReads) {
     EXPECT_EQ(result.err, "");
     EXPECT_EQ(result.out, vanguard);
     folder.write("gp.txt", result.out);
-    EXPECT_EQ(csvColumn(runCsv({"list", "gp.txt"}), "catalog_number"), std::vector<std::string>{"5"});
+    EXPECT_EQ(csvColumn(runCsv({"list", "gp.txt"}), "catalog_number"), Texts{"5"});
 }
 
 TEST_F(ConvertTest, ASetThatTheFormCannotHoldIsToldAndTheOthersComeOut) {
@@ -37,12 +38,11 @@ TEST_F(ConvertTest, ASetThatTheFormCannotHoldIsToldAndTheOthersComeOut) {
 
 TEST_F(ConvertTest, WhatHoldsNoMessagesIsTheUsersError) {
     folder.write("sets.txt", vanguard);
-    for (const std::vector<std::string>& wrong :
-         {std::vector<std::string>{"convert"},
-          {"convert", (folder.path() / "sets.txt").string()},
-          {"convert", (folder.path() / "missing.csv").string()},
-          {"convert", folder.path().string()},
-          {"convert", "--format=json", (folder.path() / "sets.txt").string()}}) {
+    for (const Texts& wrong : {Texts{"convert"},
+                               {"convert", (folder.path() / "sets.txt").string()},
+                               {"convert", (folder.path() / "missing.csv").string()},
+                               {"convert", folder.path().string()},
+                               {"convert", "--format=json", (folder.path() / "sets.txt").string()}}) {
         const CliResult result = run(wrong);
         EXPECT_EQ(result.status, 2) << wrong.back();
         EXPECT_EQ(result.out, "") << wrong.back();

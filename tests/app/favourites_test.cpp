@@ -1,6 +1,6 @@
-#include <algorithm>
 
 #include "tests/app/cli_run.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 
@@ -33,7 +33,7 @@ TEST_F(FavouritesTest, UnknownOnesAreToldAndTheFileStaysAsItIs) {
     folder.write("faves.dat", lines);
     const CliResult result = runCsv({"favourites"});
     EXPECT_EQ(result.status, 0);
-    EXPECT_EQ(csvColumn(result, "name"), (std::vector<std::string>{"HYPERVIEW 1G (R", "ISS (ZARYA)"}));
+    EXPECT_EQ(csvColumn(result, "name"), (Texts{"HYPERVIEW 1G (R", "ISS (ZARYA)"}));
     for (const char* name : {"\"GONE SAT\"", "\"ZARYA\""})
         EXPECT_NE(result.err.find(name), std::string::npos);
     EXPECT_EQ(folder.read("faves.dat"), lines);
@@ -54,11 +54,11 @@ TEST_F(TodayTest, ShowsSiteSkyAndPassesInTimeOrder) {
           "2026-08-21 20:00:00 UTC, local 22:00:00 (UTC+02:00)", "GOES 19 is up all the time"}) {
         EXPECT_NE(result.out.find(part), std::string::npos) << part << "\n" << result.out;
     }
-    const std::vector<std::string> lines = result.lines();
+    const Texts lines = result.lines();
     for (const std::string& line : lines) EXPECT_LE(line.size(), 100U);
     const auto title =
         std::ranges::find_if(lines, [](const std::string& line) { return line.starts_with("PASSES"); });
-    std::vector<std::string> rises;
+    Texts rises;
     for (auto line = title + 4; line < lines.end() && !line->empty(); ++line) {
         const std::string rise = line->substr(line->find(':') - 9, 15);
         rises.push_back(rise.substr(0, 2) == "22" ? rise : "21 AUG" + rise.substr(6));

@@ -1,6 +1,7 @@
 // The examples of the user guide, run as they stand.
 #include "platform/text_file.h"
 #include "tests/app/cli_run.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 
@@ -38,8 +39,8 @@ std::vector<GuideExample> examplesOf(std::string_view guide) {
 }
 
 /// The words of a command as a shell takes them: blanks between, some of them in double quotes.
-std::vector<std::string> wordsOf(std::string_view command) {
-    std::vector<std::string> words;
+Texts wordsOf(std::string_view command) {
+    Texts words;
     bool isQuoted = false;
     bool isInWord = false;
     for (const char sign : command) {
@@ -60,7 +61,7 @@ TEST_F(GuideExamplesTest, EveryExamplePrintsWhatTheGuideShows) {
     ASSERT_FALSE(examples.empty());
     for (const GuideExample& example : examples) {
         SCOPED_TRACE(example.command);
-        std::vector<std::string> words = wordsOf(example.command);
+        Texts words = wordsOf(example.command);
         // The guide is read in the source folder; where the test runs nobody knows.
         for (std::string& word : words) {
             if (word == "data") word = VANTRACE_SOURCE_FOLDER "/data";

@@ -1,6 +1,7 @@
 #include <sys/stat.h>
 
 #include "tests/app/cli_run.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 
@@ -23,8 +24,7 @@ TEST_F(ListTest, AGroupIsAFileItsStemOrANameOfTheGroupsFile) {
     folder.write("groups.dat",
                  "Space Stations,example.org/elements/stations.txt,0\r\nGone,example.org/gone.txt,0\r\n");
     for (const char* group : {"stations.txt", "stations", "Space Stations", "space stations"}) {
-        EXPECT_EQ(csvColumn(runCsv({"list", group}), "name"), std::vector<std::string>{"ISS (ZARYA)"})
-            << group;
+        EXPECT_EQ(csvColumn(runCsv({"list", group}), "name"), Texts{"ISS (ZARYA)"}) << group;
     }
     const CliResult gone = runCsv({"list", "Gone"});
     EXPECT_EQ(gone.status, 2);

@@ -1,11 +1,11 @@
-#include <algorithm>
 #include <cstdlib>
 
 #include "app/pictures/fixed_clock.h"
-#include "app/pictures/unsaved_settings.h"
+#include "app/program/unsaved_settings.h"
 #include "platform/qt/qt_pictures.h"
 #include "tests/app/cli_run.h"
 #include "tests/support/surface_pictures.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 
@@ -20,7 +20,7 @@ class MapCommandTest : public CliTest {
     }
 
     /// A small map at the test's time, or with other options.
-    CliResult map(std::vector<std::string> options, const std::string& file = "map.png") {
+    CliResult map(Texts options, const std::string& file = "map.png") {
         const auto isGiven = [&](std::string_view option) {
             return std::ranges::find(options, option) != options.end();
         };
@@ -37,7 +37,7 @@ class MapCommandTest : public CliTest {
 };
 
 TEST_F(MapCommandTest, WritesAPngOfThatSizeTheSameEveryTime) {
-    const std::vector<std::string> before = folder.names();
+    const Texts before = folder.names();
     const std::string favourites = folder.read("faves.dat");
     const CliResult result = map({});
     EXPECT_EQ(result.status, 0);
@@ -59,7 +59,7 @@ TEST_F(MapCommandTest, WritesAPngOfThatSizeTheSameEveryTime) {
 TEST_F(MapCommandTest, EveryOptionShowsInThePicture) {
     map({});
     const std::string plain = bytes();
-    for (const std::vector<std::string>& options : std::vector<std::vector<std::string>>{
+    for (const Texts& options : std::vector<std::vector<std::string>>{
              {"--view", "SEQ"},
              {"--primary", "GOES 19"},
              {"--primary", "HYPERVIEW 1G (RS66S)", "--at", "2026-08-10T00:00Z"},
@@ -99,7 +99,7 @@ TEST_F(MapCommandTest, WhatIsMissingIsToldAndTheRestPainted) {
 }
 
 TEST_F(MapCommandTest, AMistakeIsToldWithWhatCouldBe) {
-    const auto mistake = [&](const std::vector<std::string>& options) {
+    const auto mistake = [&](const Texts& options) {
         const CliResult result = map(options, "none.png");
         EXPECT_EQ(result.status, 2) << result.err;
         EXPECT_FALSE(pictureFolder.exists("none.png"));
@@ -133,7 +133,7 @@ TEST(FixedClock, ReadsWholeSecondsInTheMachinesZone) {
 
 TEST_F(MapCommandTest, TheSkyIsPaintedToo) {
     pictures.save(noise(64, 32, 1), folder.path() / "hdefault.jpg");
-    const auto horizon = [&](std::vector<std::string> options, const std::string& file) {
+    const auto horizon = [&](Texts options, const std::string& file) {
         options.insert(options.begin(), "horizon");
         options.insert(options.end(), {"--size", "240x120", "--out", out(file)});
         return run(options);

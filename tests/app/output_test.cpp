@@ -1,20 +1,19 @@
-#include <cmath>
-#include <limits>
-#include <sstream>
 
-#include "app/output/printable.h"
 #include "app/output/row_writer.h"
+#include "app/program/figure_text.h"
+#include "app/program/printable.h"
 #include "platform/qt/json_text.h"
 #include "tests/app/cli_run.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 
 namespace {
 
 constexpr std::array columns{
-    Column{"text", "text", Form::text},       Column{"figure", "figure", Form::figure, 2},
-    Column{"flag", "flag", Form::flag},       Column{"time", "time", Form::tenths},
-    Column{"length", "long", Form::duration}, Column{"hidden", "", Form::count},
+    Column{"text", "text", ValueForm::text},       Column{"figure", "figure", ValueForm::figure, 2},
+    Column{"flag", "flag", ValueForm::flag},       Column{"time", "time", ValueForm::tenths},
+    Column{"length", "long", ValueForm::duration}, Column{"hidden", "", ValueForm::count},
 };
 
 std::string written(Format format, const std::vector<Row>& rows) {

@@ -1,9 +1,9 @@
-#include <cmath>
 
 #include "app/sightings.h"
 #include "core/program_state.h"
 #include "orbit/satcalc.h"
 #include "tests/app/cli_run.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 
@@ -30,7 +30,7 @@ TEST_F(PassesTest, AtTheTimesToldTheSatelliteIsAtTheHorizonAndAtItsHighest) {
     const auto elevationAt = [&](const std::string& time) {
         return csvFigures(runCsv({"track", "ISS (ZARYA)", "--at", time}), "elevation_deg").at(0);
     };
-    const std::vector<std::string> rises = csvColumn(passes, "rise_utc");
+    const Texts rises = csvColumn(passes, "rise_utc");
     for (std::size_t i = 0; i < rises.size(); ++i) {
         // In a tenth of a second it moves by less than 0.01 degrees at the horizon.
         EXPECT_NEAR(elevationAt(rises[i]), 0.0, 0.01);
@@ -76,14 +76,14 @@ TEST_F(PassesTest, APathThatEndsGivesItsPassesThenALineAndStatus1) {
         runCsv({"passes", "HYPERVIEW 1G (RS66S)", "ISS (ZARYA)", "--from", "2026-08-22", "--days", "30"});
     EXPECT_EQ(result.status, 1);
     EXPECT_NE(result.err.find("HYPERVIEW 1G (RS66S) at 2026-0"), std::string::npos) << result.err;
-    const std::vector<std::string> names = csvColumn(result, "name");
+    const Texts names = csvColumn(result, "name");
     EXPECT_EQ(names.front(), "HYPERVIEW 1G (RS66S)");
     EXPECT_EQ(names.back(), "ISS (ZARYA)");
 }
 
 TEST_F(PassesTest, VisibleIsSunlitAndTwilightAtTheRise) {
     const CliResult passes = runCsv({"passes", "ISS (ZARYA)", "--from", "2026-08-21", "--days", "10"});
-    const std::vector<std::string> rises = csvColumn(passes, "rise_utc");
+    const Texts rises = csvColumn(passes, "rise_utc");
     int visible = 0;
     int dark = 0;
     for (std::size_t i = 0; i < rises.size(); ++i) {

@@ -1,6 +1,3 @@
-#include <algorithm>
-#include <cmath>
-#include <map>
 
 #include "app/output/calendar_text.h"
 #include "core/program_state.h"
@@ -9,6 +6,7 @@
 #include "passes/pass_prediction_form.h"
 #include "passes/results.h"
 #include "tests/app/cli_run.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {
@@ -47,8 +45,8 @@ class Calendar {
     }
 
   private:
-    static std::vector<std::string> unfolded(const std::string& text) {
-        std::vector<std::string> lines;
+    static Texts unfolded(const std::string& text) {
+        Texts lines;
         for (std::size_t start = 0; start < text.size();) {
             const std::size_t end = text.find("\r\n", start);
             EXPECT_NE(end, std::string::npos) << "each line has its end";
@@ -79,7 +77,7 @@ class Calendar {
         }
     }
 
-    std::vector<std::string> m_open;
+    Texts m_open;
 };
 
 class PredictTest : public CliTest {
@@ -91,7 +89,7 @@ class PredictTest : public CliTest {
         folder.write("hosts.dat", "homePage=https://home.example/\r\n");
     }
     /// The file that the window saves.
-    std::string savedByTheWindow(const std::vector<std::string>& names, std::int16_t day) {
+    std::string savedByTheWindow(const Texts& names, std::int16_t day) {
         TestServices window;
         window.clock.setUtc({2026, 8, 21, 20, 0, 0}, 120);
         ProgramState state;
@@ -129,9 +127,9 @@ TEST_F(PredictTest, CsvAndJsonHaveTheTextsOfTheWindowAndTimesInUtc) {
     EXPECT_EQ(result.lines().at(0),
               "satellite,date,time,start_az,max_elevation,duration,end_az,sunlit,visible,start_utc,end_utc,"
               "length_s");
-    const std::vector<std::string> passes = csvColumn(
+    const Texts passes = csvColumn(
         runCsv({"passes", "ISS (ZARYA)", "--from", "2026-08-21T00:00Z", "--days", "3"}), "rise_utc");
-    const std::vector<std::string> starts = csvColumn(result, "start_utc");
+    const Texts starts = csvColumn(result, "start_utc");
     ASSERT_GT(starts.size(), 3U);
     for (std::size_t i = 0; i < starts.size(); ++i) {
         EXPECT_EQ(std::ranges::count_if(passes,
@@ -153,8 +151,7 @@ TEST_F(PredictTest, CsvAndJsonHaveTheTextsOfTheWindowAndTimesInUtc) {
 }
 
 TEST_F(PredictTest, TheCalendarHasAnEventForEachPassAndKeepsItsNames) {
-    const std::vector<std::string> arguments{"predict",    "ISS (ZARYA)", "--date",
-                                             "2026-08-22", "--format",    "ics"};
+    const Texts arguments{"predict", "ISS (ZARYA)", "--date", "2026-08-22", "--format", "ics"};
     const CliResult result = run(arguments);
     EXPECT_EQ(result.status, 0);
     const Calendar calendar(result.out);
@@ -201,10 +198,10 @@ TEST_F(PredictTest, CalendarTextsAreEscapedAndFoldedBetweenCharacters) {
 }
 
 TEST_F(PredictTest, SortAndVisibleOnlyActAsInTheWindow) {
-    const std::vector<std::string> two{"predict", "ISS (ZARYA)", "ISS (ZARYA)", "--date", "2026-08-22"};
-    std::vector<std::string> sorted = two;
+    const Texts two{"predict", "ISS (ZARYA)", "ISS (ZARYA)", "--date", "2026-08-22"};
+    Texts sorted = two;
     sorted.emplace_back("--sort");
-    const std::vector<std::string> times = csvColumn(runCsv(sorted), "time");
+    const Texts times = csvColumn(runCsv(sorted), "time");
     EXPECT_TRUE(std::ranges::is_sorted(times));
     EXPECT_FALSE(std::ranges::is_sorted(csvColumn(runCsv(two), "time")));
     for (const std::string& text :

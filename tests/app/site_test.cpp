@@ -1,7 +1,8 @@
-#include "app/site.h"
+#include "app/program/site.h"
 
-#include "app/arguments.h"
+#include "app/program/arguments.h"
 #include "tests/app/cli_run.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 
@@ -14,7 +15,7 @@ TEST_F(SiteTest, IsReadFromTheSettingsWithWestLongitudeAndDecimalComma) {
     fakes.settings.set("Latitude", "47,38");
     fakes.settings.set("Longitude", "351,46");
     fakes.settings.set("HASL", "450");
-    const std::vector<std::string> arguments{"track", "ISS (ZARYA)", "--data", folder.path().string()};
+    const Texts arguments{"track", "ISS (ZARYA)", "--data", folder.path().string()};
     const CliResult stored = runBare(arguments);
     EXPECT_EQ(stored.err, "");
     EXPECT_EQ(stored.out, run({"track", "ISS (ZARYA)", "--site", "47.38,8.54,450"}).out);

@@ -1,6 +1,6 @@
-#include <cmath>
 
 #include "tests/app/cli_run.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 
@@ -51,7 +51,7 @@ TEST_F(TrackTest, LongitudesAreEastPositive) {
 TEST_F(TrackTest, RowsOfANameFollowEachOtherInTime) {
     const CliResult result = runCsv(
         {"track", "moon", "GOES 19", "--at", "2026-08-21T23:59:59.5Z", "--every", "0.5", "--count", "2"});
-    EXPECT_EQ(csvColumn(result, "name"), (std::vector<std::string>{"moon", "moon", "GOES 19", "GOES 19"}));
+    EXPECT_EQ(csvColumn(result, "name"), (Texts{"moon", "moon", "GOES 19", "GOES 19"}));
     EXPECT_EQ(csvColumn(result, "utc").at(1), "2026-08-22T00:00:00Z");
 }
 
@@ -75,21 +75,20 @@ TEST_F(TrackTest, ADecayedSatelliteGivesAnEmptyRowALineAndStatus1) {
 
 TEST_F(TrackTest, ATableRoundsAndFitsATerminal) {
     const CliResult result = run({"track", "ISS (ZARYA)", "--at", "2026-08-21T20:00:00Z"});
-    const std::vector<std::string> lines = result.lines();
+    const Texts lines = result.lines();
     ASSERT_EQ(lines.size(), 3U);
     for (const std::string& line : lines) EXPECT_LE(line.size(), 100U);
     EXPECT_NE(lines[2].find("2026-08-21 20:00:00 "), std::string::npos) << lines[2];
 }
 
 TEST_F(StateTest, HasTheStateAtMinutesFromTheEpoch) {
-    for (const std::vector<std::string>& minutes :
-         {std::vector<std::string>{"--minutes", "-1440,0,0.5"}, {"--minutes=-1440,0,0.5"}}) {
-        std::vector<std::string> arguments{"state", "ISS (ZARYA)"};
+    for (const Texts& minutes : {Texts{"--minutes", "-1440,0,0.5"}, {"--minutes=-1440,0,0.5"}}) {
+        Texts arguments{"state", "ISS (ZARYA)"};
         arguments.insert(arguments.end(), minutes.begin(), minutes.end());
         const CliResult result = runCsv(arguments);
         ASSERT_EQ(result.status, 0) << result.err;
         EXPECT_EQ(result.lines().at(0), "name,minutes,x_km,y_km,z_km,vx_km_s,vy_km_s,vz_km_s");
-        EXPECT_EQ(csvColumn(result, "minutes"), (std::vector<std::string>{"-1440", "0", "0.5"}));
+        EXPECT_EQ(csvColumn(result, "minutes"), (Texts{"-1440", "0", "0.5"}));
         // The epoch of a published set is an ascending node: the place lies in the equator's plane.
         EXPECT_NEAR(csvFigures(result, "z_km").at(1), 0.0, 1.0);
         EXPECT_GT(csvFigures(result, "vz_km_s").at(1), 5.0);

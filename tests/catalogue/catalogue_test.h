@@ -1,13 +1,9 @@
 // What the tests of the catalogue share: a program folder, and real element sets to put into it.
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include <string>
-#include <string_view>
-
 #include "core/program_state.h"
 #include "tests/support/test_services.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 

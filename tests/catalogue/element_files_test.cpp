@@ -1,11 +1,10 @@
 #include "catalogue/element_files.h"
 
-#include <stdexcept>
-
 #include "core/date_time.h"
 #include "core/labels.h"
 #include "platform/file_error.h"
 #include "tests/catalogue/catalogue_test.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {

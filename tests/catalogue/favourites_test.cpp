@@ -1,11 +1,9 @@
 #include "catalogue/favourites.h"
 
-#include <memory>
-#include <stdexcept>
-
 #include "orbit/engine_error.h"
 #include "orbit/orbit_engine.h"
 #include "tests/catalogue/catalogue_test.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {
@@ -48,8 +46,8 @@ TEST_F(FavouritesTest, LookingAtTheLinesWritesNothing) {
     const std::string content = "ISS (ZARYA)\nMIR\n\n";
     folder.write("faves.dat", content);
     const FavouriteLines lines = readFavouriteLines(state);
-    EXPECT_EQ(lines.qualifying, std::vector<std::string>{"ISS (ZARYA)"});
-    EXPECT_EQ(lines.dropped, std::vector<std::string>{"MIR"});
+    EXPECT_EQ(lines.qualifying, Texts{"ISS (ZARYA)"});
+    EXPECT_EQ(lines.dropped, Texts{"MIR"});
     EXPECT_EQ(file(), content);
     EXPECT_EQ(state.FavouriteCount, 0);
 }

@@ -3,6 +3,7 @@
 #include "catalogue/element_files.h"
 #include "core/labels.h"
 #include "tests/catalogue/catalogue_test.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {
@@ -21,7 +22,7 @@ TEST_F(FixGPSKepsTest, MakesTheNamesShortAndKeepsTheElements) {
     const std::string after = fixed(before);
     EXPECT_EQ(after, "GPS PRN 22\r\n" + before.substr(26, 142) + "GPS PRN 16\r\n" + before.substr(194, 142));
     EXPECT_EQ(fixed(after), after) << "the second time nothing happens";
-    EXPECT_EQ(folder.names(), std::vector<std::string>{"gps-ops.txt"});
+    EXPECT_EQ(folder.names(), Texts{"gps-ops.txt"});
 }
 
 TEST_F(FixGPSKepsTest, AFirstNameWithoutPrnLeavesTheFileAsItWas) {
@@ -55,7 +56,7 @@ TEST_F(FixGPSKepsTest, TheNewFileHasTheRightsOfTheOld) {
 TEST_F(FixGPSKepsTest, AHalfWrittenFileOfAnEarlierRunGoes) {
     folder.write("gps-ops.new", "half");
     fixed("GPS PRN 22\r\n");
-    EXPECT_EQ(folder.names(), std::vector<std::string>{"gps-ops.txt"});
+    EXPECT_EQ(folder.names(), Texts{"gps-ops.txt"});
 }
 
 TEST_F(FixGPSKepsTest, DoesNothingWithoutTheFile) {

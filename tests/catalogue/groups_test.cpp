@@ -1,9 +1,8 @@
 #include "catalogue/groups.h"
 
-#include <stdexcept>
-
 #include "platform/file_error.h"
 #include "tests/catalogue/catalogue_test.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {

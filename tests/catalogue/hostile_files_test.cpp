@@ -1,10 +1,6 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <functional>
-#include <memory>
-#include <random>
-
 #include "catalogue/element_files.h"
 #include "catalogue/favourites.h"
 #include "catalogue/groups.h"
@@ -14,6 +10,7 @@
 #include "orbit/orbit_engine.h"
 #include "platform/file_error.h"
 #include "tests/catalogue/catalogue_test.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {

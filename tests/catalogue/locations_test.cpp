@@ -1,16 +1,15 @@
 #include "catalogue/locations.h"
 
-#include <stdexcept>
-
 #include "platform/file_error.h"
 #include "tests/catalogue/catalogue_test.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {
 
 class LocationsTest : public CatalogueTest {
   protected:
-    std::vector<std::string> load(std::string_view content, char decimalMark = '.') {
+    Texts load(std::string_view content, char decimalMark = '.') {
         folder.write("locations.dat", content);
         MachineFormat format;
         format.decimalMark = decimalMark;
@@ -56,9 +55,9 @@ TEST_F(LocationsTest, EntriesBehindTheLastAreClearedAndABlankLineEndsThem) {
 }
 
 TEST_F(LocationsTest, LinesWithoutAHeightOf16BitsAreSkippedAndGivenBack) {
-    const std::vector<std::string> skipped =
+    const Texts skipped =
         load("1A;1;2;high\r\n1B;1;2;40000\r\n1C;1;2;100\r\n1D;1;2\r\nx\r\n1E;1;2;\r\n1F;1;2;12.5\r\n");
-    EXPECT_EQ(skipped, (std::vector<std::string>{"1A;1;2;high", "1B;1;2;40000", "1D;1;2", "x", "1E;1;2;"}));
+    EXPECT_EQ(skipped, (Texts{"1A;1;2;high", "1B;1;2;40000", "1D;1;2", "x", "1E;1;2;"}));
     EXPECT_EQ(state.Locations[1].Name, "C");
     EXPECT_EQ(state.Locations[2].Name, "F");
     EXPECT_EQ(state.Locations[2].Height, 12) << "halves go to even";
@@ -66,8 +65,7 @@ TEST_F(LocationsTest, LinesWithoutAHeightOf16BitsAreSkippedAndGivenBack) {
 }
 
 TEST_F(LocationsTest, ALineWithoutANameHidesNoneBehindIt) {
-    EXPECT_EQ(load("1;10;20;5\r\n0  ;10;20;5\r\n1Rome;1;2;3\r\n"),
-              (std::vector<std::string>{"1;10;20;5", "0  ;10;20;5"}));
+    EXPECT_EQ(load("1;10;20;5\r\n0  ;10;20;5\r\n1Rome;1;2;3\r\n"), (Texts{"1;10;20;5", "0  ;10;20;5"}));
     EXPECT_EQ(state.Locations[1].Name, "Rome");
 }
 

@@ -2,6 +2,7 @@
 
 #include "core/labels.h"
 #include "tests/catalogue/catalogue_test.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {
@@ -60,7 +61,7 @@ TEST_F(SatelliteDataTest, ABlankNameFindsTheFirstRecord) {
 
 TEST_F(SatelliteDataTest, AMissingFileIsTold) {
     EXPECT_EQ(SatelliteDataFunc(state, services, "RS-15"), "");
-    EXPECT_EQ(fakes.dialogs.messages, std::vector<std::string>{"Satellite.dat file is missing !!"});
+    EXPECT_EQ(fakes.dialogs.messages, Texts{"Satellite.dat file is missing !!"});
 }
 
 }  // namespace

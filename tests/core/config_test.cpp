@@ -1,11 +1,10 @@
 // Settings as the routines read them, and the services that go by them.
 #include "core/config.h"
 
-#include <gtest/gtest.h>
-
 #include "core/core_services.h"
 #include "core/program_state.h"
 #include "tests/support/test_services.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {
@@ -53,7 +52,7 @@ TEST(Speak, IsSilentOnlyWhereSpeechpackIsZero) {
     EXPECT_TRUE(test.speech.texts.empty());
     SaveConfig(test.services, "SpeechPack", "2");
     Speak(test.services, "heard");
-    EXPECT_EQ(test.speech.texts, std::vector<std::string>{"heard"});
+    EXPECT_EQ(test.speech.texts, Texts{"heard"});
     test.speech.fails = true;
     EXPECT_NO_THROW(Speak(test.services, "lost"));
     EXPECT_TRUE(test.logLines().empty());

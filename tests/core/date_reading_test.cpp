@@ -1,8 +1,6 @@
 #include "core/date_reading.h"
 
-#include <gtest/gtest.h>
-
-#include <stdexcept>
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {

@@ -1,13 +1,7 @@
 #include "core/date_time.h"
 
-#include <gtest/gtest.h>
-
-#include <chrono>
-#include <cmath>
-#include <limits>
-#include <stdexcept>
-
 #include "tests/support/fake_clock.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {

@@ -1,7 +1,6 @@
 // The log, and failing by it: labels, steps and the bounds of tables.
 #include "core/error_log.h"
 
-#include <gtest/gtest.h>
 #include <sys/stat.h>
 
 #include "core/error_label.h"
@@ -9,6 +8,7 @@
 #include "core/program_state.h"
 #include "core/version.h"
 #include "tests/support/test_services.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {

@@ -1,8 +1,7 @@
 #include "core/files.h"
 
-#include <gtest/gtest.h>
-
 #include "tests/support/temporary_folder.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {

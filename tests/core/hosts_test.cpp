@@ -1,12 +1,10 @@
 #include "core/hosts.h"
 
-#include <gtest/gtest.h>
-
-#include <string_view>
 #include <tuple>
 
 #include "core/program_state.h"
 #include "tests/support/temporary_folder.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 

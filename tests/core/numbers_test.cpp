@@ -1,11 +1,8 @@
 #include "core/numbers.h"
 
-#include <gtest/gtest.h>
 #include <locale.h>
 
-#include <cmath>
-#include <limits>
-#include <stdexcept>
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {

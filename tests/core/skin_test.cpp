@@ -1,9 +1,8 @@
 #include "core/skin.h"
 
-#include <gtest/gtest.h>
-
 #include "core/config.h"
 #include "tests/support/test_services.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {

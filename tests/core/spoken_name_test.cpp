@@ -1,6 +1,6 @@
 #include "core/spoken_name.h"
 
-#include <gtest/gtest.h>
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {

@@ -1,6 +1,6 @@
 #include "core/texts.h"
 
-#include <gtest/gtest.h>
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {

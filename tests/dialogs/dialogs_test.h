@@ -1,21 +1,14 @@
 // What the tests of the settings dialogs share.
 #pragma once
 
-#include <gtest/gtest.h>
-
 #include <deque>
-#include <map>
-#include <optional>
-#include <string>
-#include <vector>
 
 #include "core/program_state.h"
 #include "tests/support/fake_window.h"
 #include "tests/support/test_services.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
-
-using Texts = std::vector<std::string>;
 
 class DialogsTest : public ::testing::Test {
   protected:

@@ -1,5 +1,6 @@
 #include "core/labels.h"
 #include "tests/dialogs/groups_test.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {

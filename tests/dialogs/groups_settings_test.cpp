@@ -1,16 +1,12 @@
 #include "dialogs/groups_settings.h"
 
-#include <chrono>
-#include <filesystem>
-#include <stdexcept>
-#include <utility>
-
 #include "catalogue/favourites.h"
 #include "catalogue/groups.h"
 #include "core/labels.h"
 #include "platform/file_error.h"
 #include "tests/dialogs/dialogs_test.h"
 #include "tests/dialogs/groups_test.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {

@@ -4,6 +4,7 @@
 #include "core/labels.h"
 #include "platform/file_error.h"
 #include "tests/dialogs/dialogs_test.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {

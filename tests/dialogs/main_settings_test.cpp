@@ -1,11 +1,10 @@
 #include "dialogs/main_settings.h"
 
-#include <stdexcept>
-
 #include "core/labels.h"
 #include "dialogs/degrees.h"
 #include "orbit/orbit_engine.h"
 #include "tests/dialogs/dialogs_test.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {

@@ -1,9 +1,8 @@
 #include "dialogs/map_settings.h"
 
-#include <filesystem>
-
 #include "core/labels.h"
 #include "tests/dialogs/dialogs_test.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {

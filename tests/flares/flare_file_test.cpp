@@ -1,9 +1,8 @@
 #include "flares/flare_file.h"
 
-#include <gtest/gtest.h>
-
 #include "platform/file_error.h"
 #include "tests/support/temporary_folder.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {
@@ -38,7 +37,7 @@ TEST_F(FlareFileTest, WhatIsWrittenIsReadAgain) {
     saveFlares(file(), {});
     EXPECT_TRUE(folder.exists("flares.dat"));
     EXPECT_EQ(folder.read("flares.dat"), "");
-    EXPECT_EQ(folder.names(), std::vector<std::string>{"flares.dat"});
+    EXPECT_EQ(folder.names(), Texts{"flares.dat"});
 }
 
 TEST_F(FlareFileTest, ARowOfEmptyFieldsEndsTheReading) {

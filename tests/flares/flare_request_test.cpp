@@ -1,11 +1,8 @@
 #include "flares/flare_request.h"
 
-#include <gtest/gtest.h>
-
-#include <limits>
-
 #include "core/program_state.h"
 #include "tests/support/test_services.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {
@@ -53,7 +50,7 @@ TEST_F(FlareRequestTest, OnlyAnExactOneTurnsTheProxyOn) {
     fakes.settings.set("ProxyON", "1");
     fakes.settings.set("ProxyUser", "me");
     fetchFlares(fakes.services, "http://a/", "file");
-    EXPECT_EQ(fakes.fetcher.requests.back().proxy, (std::vector<std::string>{"proxy.test", "80", "me", ""}));
+    EXPECT_EQ(fakes.fetcher.requests.back().proxy, (Texts{"proxy.test", "80", "me", ""}));
     EXPECT_EQ(fakes.settings.get("ProxyPort"), "80") << "the first reader fixes it";
     fakes.settings.set("ProxyPort", "1080");
     fetchFlares(fakes.services, "http://a/", "file");

@@ -1,9 +1,8 @@
 #include "flares/flare_table.h"
 
-#include <gtest/gtest.h>
-
 #include "tests/flares/flare_pages.h"
 #include "tests/support/fake_clock.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {

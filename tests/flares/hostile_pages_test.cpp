@@ -1,12 +1,9 @@
 // Pages that were made to do harm. Whatever they are, the reading ends soon and takes little room.
-#include <gtest/gtest.h>
-
-#include <chrono>
-#include <optional>
 
 #include "flares/flare_table.h"
 #include "tests/flares/flare_pages.h"
 #include "tests/support/fake_clock.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {

@@ -1,16 +1,14 @@
 #include "flares/iridium_flares.h"
 
-#include <gtest/gtest.h>
 #include <sys/stat.h>
 
 #include "core/program_state.h"
 #include "tests/flares/flare_pages.h"
 #include "tests/support/test_services.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {
-
-using Texts = std::vector<std::string>;
 
 class IridiumFlaresTest : public ::testing::Test {
   protected:

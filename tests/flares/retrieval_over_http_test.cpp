@@ -1,7 +1,4 @@
 // The whole retrieval over the program's own fetcher and a real server on this machine.
-#include <gtest/gtest.h>
-
-#include <chrono>
 
 #include "core/program_state.h"
 #include "flares/iridium_flares.h"
@@ -10,11 +7,10 @@
 #include "tests/flares/flare_pages.h"
 #include "tests/support/loopback_server.h"
 #include "tests/support/test_services.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {
-
-using Texts = std::vector<std::string>;
 
 class RetrievalOverHttpTest : public ::testing::Test {
   protected:

@@ -2,6 +2,7 @@
 
 #include "tests/horizon/horizon_test.h"
 #include "tests/support/fake_window.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {
@@ -60,7 +61,7 @@ TEST_F(HorizonViewTest, TheAnnouncerSpeaksOfTheSelectedOneWhenAsked) {
     EXPECT_TRUE(fakes.speech.texts.empty()) << "nothing is selected";
     state.PrimarySatIndex = 2;
     Timer5sec_Timer(view);
-    EXPECT_EQ(fakes.speech.texts, std::vector<std::string>{"Heading 179, Elevation -1"});
+    EXPECT_EQ(fakes.speech.texts, Texts{"Heading 179, Elevation -1"});
 
     state.Favourites[1].Elevation = 0;
     bool wasOff = false;

@@ -3,6 +3,7 @@
 #include "core/date_time.h"
 #include "horizon/sky_projection.h"
 #include "tests/horizon/horizon_test.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {
@@ -29,14 +30,14 @@ TEST_F(PaintScreenTest, WordsStandOnTheLandscapeInTheirPlaces) {
     const auto words = [&] {
         fakes.textPainter.questions.clear();
         paint();
-        std::vector<std::string> texts;
+        Texts texts;
         for (const auto& question : fakes.textPainter.questions) texts.push_back(question.text);
         texts.resize(5);
         return texts;
     };
-    EXPECT_EQ(words(), (std::vector<std::string>{"NORTH", "EAST", "SOUTH", "WEST", "NORTH"}));
+    EXPECT_EQ(words(), (Texts{"NORTH", "EAST", "SOUTH", "WEST", "NORTH"}));
     form.CenteredNorth = true;
-    EXPECT_EQ(words(), (std::vector<std::string>{"SOUTH", "WEST", "NORTH", "EAST", "SOUTH"}));
+    EXPECT_EQ(words(), (Texts{"SOUTH", "WEST", "NORTH", "EAST", "SOUTH"}));
     // Every letter of the tests' face is a box two pixels below the pen; before each word there is a dot.
     for (const int x : {0, 180, 360, 533, 680}) {
         EXPECT_EQ(surfaces.Final.pixel(x, 40), 0U) << x;
@@ -159,7 +160,7 @@ TEST_F(PaintScreenTest, WithoutASelectionTheFirstAboveTheHorizonIsSelectedAndSai
     addFavourite("INTELSAT 10-02");
     paint();  // the first has set; the second never does here, over 359 degrees east
     EXPECT_EQ(state.PrimarySatIndex, 2);
-    EXPECT_EQ(fakes.speech.texts, std::vector<std::string>{"Selected Satellite INTELSAT 10 02"});
+    EXPECT_EQ(fakes.speech.texts, Texts{"Selected Satellite INTELSAT 10 02"});
     paint();
     EXPECT_EQ(fakes.speech.texts.size(), 1U);
     EXPECT_GT(count(0x00FF00), 0);

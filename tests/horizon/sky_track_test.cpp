@@ -1,8 +1,8 @@
-#include <set>
 
 #include "core/date_time.h"
 #include "horizon/sky_projection.h"
 #include "tests/horizon/horizon_test.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {

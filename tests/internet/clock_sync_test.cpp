@@ -1,6 +1,7 @@
 #include "internet/clock_sync.h"
 
 #include "tests/internet/updates_test.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {
@@ -40,8 +41,7 @@ TEST_F(ClockSyncTest, AClockLessThanTwoSecondsOutIsPerfectWhateverTheDay) {
         serverSays(date, time);
         fakes.clock.setMicroseconds(999999);
         run();
-        EXPECT_EQ(fakes.dialogs.messages, std::vector<std::string>{"Your PC is perfectly syncronized."})
-            << time;
+        EXPECT_EQ(fakes.dialogs.messages, Texts{"Your PC is perfectly syncronized."}) << time;
         EXPECT_EQ(fakes.speech.texts, fakes.dialogs.messages);
         EXPECT_EQ(form.txtStatus, start);
     }
@@ -69,10 +69,9 @@ TEST_F(ClockSyncTest, TheSentenceTellsSecondsBeforeMinutesBeforeHours) {
     for (const Case& each : cases) {
         serverSays(each.date, each.time);
         run();
-        EXPECT_EQ(fakes.speech.texts, std::vector<std::string>{each.sentence});
-        EXPECT_EQ(fakes.dialogs.messages,
-                  std::vector<std::string>{std::string(each.sentence) + " Synchronize ?"});
-        EXPECT_EQ(fakes.dialogs.titles, std::vector<std::string>{"PC Clock Accuracy"});
+        EXPECT_EQ(fakes.speech.texts, Texts{each.sentence});
+        EXPECT_EQ(fakes.dialogs.messages, Texts{std::string(each.sentence) + " Synchronize ?"});
+        EXPECT_EQ(fakes.dialogs.titles, Texts{"PC Clock Accuracy"});
         EXPECT_EQ(form.txtStatus, std::string(start) + "\r\nClock Not Synchronised");
     }
     EXPECT_EQ(fakes.timeClient.settings, 0);
@@ -142,7 +141,7 @@ TEST_F(ClockSyncTest, AnAnswerThatIsNoTimeIsLoggedAndTheJobGoesOn) {
     for (const char* date : {"", "today", "08/23", "99999/1/1"}) {
         serverSays(date, "12:30:15");
         run();
-        EXPECT_EQ(fakes.dialogs.titles, std::vector<std::string>{"PC Clock Accuracy"}) << date;
+        EXPECT_EQ(fakes.dialogs.titles, Texts{"PC Clock Accuracy"}) << date;
     }
     EXPECT_EQ(fakes.logged("UpdateCON - SyncClock"), 4);
 }

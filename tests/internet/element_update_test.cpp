@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include "tests/internet/updates_test.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {
@@ -48,7 +49,7 @@ TEST_F(ElementUpdateTest, EveryGroupButThoseKeptByHandIsFetchedMendedAndTold) {
               "http://host/gp.php?GROUP=odd   -  Size : 1.5 Kb OK\r\n"
               "http://lonely.example   -  Size : 1.5 Kb OK\r\n"
               "Done.\r\n");
-    EXPECT_EQ(fakes.speech.texts, std::vector<std::string>{"3 Groups Updated."});
+    EXPECT_EQ(fakes.speech.texts, Texts{"3 Groups Updated."});
     EXPECT_TRUE(fakes.dialogs.messages.empty());
     EXPECT_FALSE(form.isWorking);
 }
@@ -64,8 +65,7 @@ TEST_F(ElementUpdateTest, TheProxyIsThatOfTheFieldsAndNotOfTheSettings) {
     serve("");
     BUTupdateKeps_Click(form, state, fakes.services);
     ASSERT_EQ(fakes.fetcher.requests.size(), 1U);
-    EXPECT_EQ(fakes.fetcher.requests[0].proxy,
-              (std::vector<std::string>{"proxy.example", "3128", "anna", "secret"}));
+    EXPECT_EQ(fakes.fetcher.requests[0].proxy, (Texts{"proxy.example", "3128", "anna", "secret"}));
     EXPECT_NE(form.txtStatus.find("Size : 0.0 Kb OK"), std::string::npos) << form.txtStatus;
 }
 
@@ -85,7 +85,7 @@ TEST_F(ElementUpdateTest, AFailedFetchIsToldAndTheFileThatIsThereReported) {
     EXPECT_TRUE(fakes.dialogs.messages[0].starts_with("Error : " + state.AppPath + "gone.txt: "));
     EXPECT_TRUE(fakes.dialogs.messages[0].ends_with(" When trying to update the keps, Proxy=True"));
     EXPECT_EQ(fakes.logged("updateCON - CheckKepFile"), 1);
-    EXPECT_EQ(fakes.speech.texts, std::vector<std::string>{"2 Groups Updated."});
+    EXPECT_EQ(fakes.speech.texts, Texts{"2 Groups Updated."});
     form.OPproxyON = {true, false};
     BUTupdateKeps_Click(form, state, fakes.services);
     EXPECT_TRUE(fakes.dialogs.messages.back().ends_with("Proxy=False"));
@@ -94,7 +94,7 @@ TEST_F(ElementUpdateTest, AFailedFetchIsToldAndTheFileThatIsThereReported) {
 TEST_F(ElementUpdateTest, WithoutGroupsThereIsNothingButTheReport) {
     BUTupdateKeps_Click(form, state, fakes.services);
     EXPECT_EQ(form.txtStatus, "Updating Keplerian Elements...\r\nDone.\r\n");
-    EXPECT_EQ(fakes.speech.texts, std::vector<std::string>{"0 Groups Updated."});
+    EXPECT_EQ(fakes.speech.texts, Texts{"0 Groups Updated."});
 }
 
 TEST_F(ElementUpdateTest, NoJobStartsInsideAnotherAndAClosedWindowEndsIt) {
@@ -156,7 +156,7 @@ TEST_F(CheckKepFileTest, LinesOfTheWrongLengthKeepTheirPlaceByStandIns) {
         EXPECT_EQ(CheckKepFile(state, fakes.services, state.AppPath + "stations.txt"), each.word)
             << each.content.substr(0, 200);
         EXPECT_EQ(fakes.folder.read("stations.txt"), each.mended) << each.content.substr(0, 200);
-        EXPECT_EQ(fakes.folder.names(), std::vector<std::string>{"stations.txt"});
+        EXPECT_EQ(fakes.folder.names(), Texts{"stations.txt"});
     }
     EXPECT_TRUE(fakes.logLines().empty());
 }

@@ -2,6 +2,7 @@
 
 #include "internet/database_update.h"
 #include "tests/internet/updates_test.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {
@@ -46,7 +47,7 @@ TEST_F(DatabaseUpdateTest, TheFileOfTheUpdateServerIsFetchedAndItsSizeTold) {
     EXPECT_EQ(fakes.fetcher.requests[0].url, "http://update.test:8080/satellite.dat");
     EXPECT_EQ(fakes.fetcher.requests[0].file, state.AppPath + "satellite.dat");
     EXPECT_EQ(form.txtStatus, seen + "Done. Satellite Database File Size : 2.5 Kb)\r\n");
-    EXPECT_EQ(fakes.speech.texts, std::vector<std::string>{"Database file updated."});
+    EXPECT_EQ(fakes.speech.texts, Texts{"Database file updated."});
 }
 
 TEST_F(DatabaseUpdateTest, WhatFailsIsToldOrLoggedAndTheJobEndsAsEver) {
@@ -59,7 +60,7 @@ TEST_F(DatabaseUpdateTest, WhatFailsIsToldOrLoggedAndTheJobEndsAsEver) {
     EXPECT_EQ(form.txtStatus, "\r\nUpdating Satellite Database File....\r\nHost not found (3)\r\n");
     EXPECT_EQ(fakes.fetcher.requests.at(0).proxy.at(0), "proxy.example");
     EXPECT_EQ(fakes.logged("updateCON - UpdateDB"), 1);
-    EXPECT_EQ(fakes.speech.texts, std::vector<std::string>{"Database file updated."});
+    EXPECT_EQ(fakes.speech.texts, Texts{"Database file updated."});
     // Of the old file the size is told all the same.
     fakes.folder.write("satellite.dat", std::string(1024, 'x'));
     BUTupdateDB_Click(form, state, fakes.services);

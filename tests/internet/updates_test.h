@@ -1,11 +1,10 @@
 // What the tests of the updates share.
 #pragma once
 
-#include <gtest/gtest.h>
-
 #include "core/program_state.h"
 #include "internet/updates_form.h"
 #include "tests/support/test_services.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 

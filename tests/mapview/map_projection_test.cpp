@@ -1,8 +1,6 @@
 #include "mapview/map_projection.h"
 
-#include <gtest/gtest.h>
-
-#include <cmath>
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {

@@ -1,15 +1,12 @@
 #include "mapview/world_view.h"
 
-#include <memory>
-#include <string>
-#include <vector>
-
 #include "core/labels.h"
 #include "mapview/satellite_choice.h"
 #include "mapview/world_map.h"
 #include "mapview/world_view_menu.h"
 #include "tests/mapview/map_test.h"
 #include "tests/support/fake_window.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {
@@ -54,8 +51,8 @@ TEST_F(WorldViewTest, LoadingChoosesTheFirstFavouriteAndStartsTheClock) {
     EXPECT_FALSE(form.MspeechONoff.isChecked);
     EXPECT_TRUE(form.MrecordONoff.isChecked);
     EXPECT_EQ(form.place.widthTwips, 12195.0F);
-    EXPECT_EQ(form.MFaveList, (std::vector<std::string>{"-Select a Satellite-", "ISS (ZARYA)",
-                                                        "FUNCUBE-1 (AO-73)", "INTELSAT 10-02"}));
+    EXPECT_EQ(form.MFaveList,
+              (Texts{"-Select a Satellite-", "ISS (ZARYA)", "FUNCUBE-1 (AO-73)", "INTELSAT 10-02"}));
     EXPECT_NE(map.GroundTrackPoints[180].Latitude, 0);
     EXPECT_EQ(surfaces.WorldNormal.width(), 0) << "there is no map's picture in the folder";
 }

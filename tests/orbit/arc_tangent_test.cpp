@@ -1,10 +1,8 @@
 #include "orbit/arc_tangent.h"
 
-#include <gtest/gtest.h>
-
 #include <bit>
-#include <cmath>
-#include <random>
+
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {

@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "platform/text_file.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 
@@ -15,8 +16,8 @@ std::filesystem::path shippedFolder() {
     return VANTRACE_SHIPPED_FOLDER;
 }
 
-std::vector<std::string> shippedElementFiles() {
-    std::vector<std::string> names;
+Texts shippedElementFiles() {
+    Texts names;
     for (const auto& entry : std::filesystem::directory_iterator(shippedFolder())) {
         const std::string name = entry.path().filename().string();
         const bool isProse = name == "SOURCES.txt" || name == "CMakeLists.txt" || name == "history.txt";

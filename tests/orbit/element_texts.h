@@ -9,13 +9,14 @@
 
 #include "orbit/elements/element_reader.h"
 #include "orbit/elements/element_set.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 
 /// The folder of the element files that ship with the program.
 std::filesystem::path shippedFolder();
 /// Names of the shipped element files.
-std::vector<std::string> shippedElementFiles();
+Texts shippedElementFiles();
 std::string shippedText(const std::string& file);
 /// The first set of that name; fails the test by an exception where there is none.
 ElementSet shippedSet(const std::string& file, std::string_view name);

@@ -1,16 +1,13 @@
 // What the tests of the engine's door share: an engine over a folder of its own.
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include <string>
-
 #include "orbit/elements/element_catalogue.h"
 #include "orbit/engine_error.h"
 #include "orbit/orbit_engine.h"
 #include "tests/orbit/element_texts.h"
 #include "tests/support/fake_clock.h"
 #include "tests/support/temporary_folder.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 

@@ -1,12 +1,6 @@
 #include "orbit/instant.h"
 
-#include <gtest/gtest.h>
-
-#include <chrono>
-#include <cmath>
-#include <limits>
-#include <random>
-#include <string>
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {

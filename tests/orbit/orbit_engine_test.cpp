@@ -1,11 +1,8 @@
 #include "orbit/orbit_engine.h"
 
-#include <cmath>
-#include <limits>
-#include <string>
-
 #include "core/date_time.h"
 #include "tests/orbit/engine_test.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {

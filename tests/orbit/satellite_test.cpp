@@ -1,10 +1,8 @@
 // The orbit count: its whole number and its fraction.
 #include "orbit/satellite.h"
 
-#include <cmath>
-#include <string>
-
 #include "tests/orbit/engine_test.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {

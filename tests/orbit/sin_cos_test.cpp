@@ -1,12 +1,8 @@
 #include "orbit/sin_cos.h"
 
-#include <gtest/gtest.h>
-
 #include <bit>
-#include <cmath>
-#include <limits>
-#include <random>
-#include <vector>
+
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {

@@ -1,6 +1,5 @@
 #include "passes/calc_results.h"
 
-#include <cmath>
 #include <cstdio>
 
 #include "core/date_time.h"
@@ -8,6 +7,7 @@
 #include "orbit/engine_error.h"
 #include "platform/text_file.h"
 #include "tests/passes/passes_test.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {

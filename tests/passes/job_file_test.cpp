@@ -5,15 +5,13 @@
 #include <unistd.h>
 
 #include <csignal>
-#include <stdexcept>
 
 #include "platform/file_error.h"
 #include "tests/passes/passes_test.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {
-
-using Names = std::vector<std::string>;
 
 constexpr std::string_view twoJobs =
     "Weather\r\nNOAA 15;\r\nNOAA 17;\r\n3\r\n1\r\n0\r\n"
@@ -28,13 +26,13 @@ class JobFileTest : public PassesTest {
 };
 
 TEST_F(JobFileTest, NamesAreReadUpToABlankLineOrTheEnd) {
-    EXPECT_EQ(jobNames(twoJobs), (Names{"Weather", "Radio"}));
-    EXPECT_EQ(jobNames(" A \nX;\n1\n0\n0\n   \nB\nX;\n1\n0\n0\n"), Names{"A"});
-    EXPECT_EQ(jobNames("A\nX; and ; more\n;\nno days\n0\n0\nB"), (Names{"A", "B"}));
-    EXPECT_EQ(jobNames("A\n1\n0\n0\nB\n1\n0"), (Names{"A", "B"})) << "no satellites, and an end too early";
-    EXPECT_EQ(jobNames(""), Names{});
-    EXPECT_EQ(jobNames("\r\nA\r\n"), Names{});
-    EXPECT_EQ(jobNames("A\nX;\n"), Names{"A"});
+    EXPECT_EQ(jobNames(twoJobs), (Texts{"Weather", "Radio"}));
+    EXPECT_EQ(jobNames(" A \nX;\n1\n0\n0\n   \nB\nX;\n1\n0\n0\n"), Texts{"A"});
+    EXPECT_EQ(jobNames("A\nX; and ; more\n;\nno days\n0\n0\nB"), (Texts{"A", "B"}));
+    EXPECT_EQ(jobNames("A\n1\n0\n0\nB\n1\n0"), (Texts{"A", "B"})) << "no satellites, and an end too early";
+    EXPECT_EQ(jobNames(""), Texts{});
+    EXPECT_EQ(jobNames("\r\nA\r\n"), Texts{});
+    EXPECT_EQ(jobNames("A\nX;\n"), Texts{"A"});
 }
 
 TEST_F(JobFileTest, WhatIsAppendedIsReadBack) {
@@ -43,11 +41,11 @@ TEST_F(JobFileTest, WhatIsAppendedIsReadBack) {
         << "the file is made, the name trimmed";
     JobToEdit radio{"Radio", {"AO-7"}, " many ", false, true, true};
     appendJob(state, radio);
-    EXPECT_EQ(jobNames(jobs()), (Names{"Weather", "Radio"}));
+    EXPECT_EQ(jobNames(jobs()), (Texts{"Weather", "Radio"}));
     EXPECT_TRUE(jobs().ends_with("Radio\r\nAO-7;\r\nmany\r\n0\r\n1\r\n"));
     const std::optional<JobToEdit> back = jobToEdit(jobs(), "Radio");
     ASSERT_TRUE(back.has_value());
-    EXPECT_EQ(back->satellites, Names{"AO-7"});
+    EXPECT_EQ(back->satellites, Texts{"AO-7"});
     EXPECT_EQ(back->days, "0") << "the numeric value of what was typed";
     EXPECT_FALSE(back->isSaved);
     EXPECT_TRUE(back->isPrinted);
@@ -56,7 +54,7 @@ TEST_F(JobFileTest, WhatIsAppendedIsReadBack) {
 TEST_F(JobFileTest, AJobBehindALineWithoutAnEndStandsOnItsOwnLine) {
     fakes.folder.write("pass.dat", "A\nX;\n1\n0\n0");
     appendJob(state, weather("B"));
-    EXPECT_EQ(jobNames(jobs()), (Names{"A", "B"}));
+    EXPECT_EQ(jobNames(jobs()), (Texts{"A", "B"}));
 }
 
 TEST_F(JobFileTest, EditingReadsTheFirstExactNameWithoutItsSemicolons) {
@@ -64,7 +62,7 @@ TEST_F(JobFileTest, EditingReadsTheFirstExactNameWithoutItsSemicolons) {
         " Weather\nX;\n1\n0\n0\nWeather\nA;b;;\n;C\n 03.50 hours\n1\n1\nWeather\nD;\n9\n0\n0\n";
     const std::optional<JobToEdit> job = jobToEdit(text, "Weather");
     ASSERT_TRUE(job.has_value());
-    EXPECT_EQ(job->satellites, (Names{"Ab", "C"}));
+    EXPECT_EQ(job->satellites, (Texts{"Ab", "C"}));
     EXPECT_EQ(job->days, "3.5");
     EXPECT_TRUE(job->isSaved && job->isPrinted && job->isWhole);
     EXPECT_FALSE(jobToEdit(text, "weather").has_value());
@@ -77,10 +75,10 @@ TEST_F(JobFileTest, EditingReadsTheFirstExactNameWithoutItsSemicolons) {
 
 TEST_F(JobFileTest, RemovingTakesOneJobAndTheBlankLinesBehindIt) {
     fakes.folder.write("pass.dat", std::string(twoJobs) + "\r\n  \r\nHidden\r\nX;\r\n1\r\n0\r\n0\r\n");
-    EXPECT_EQ(jobNames(jobs()), (Names{"Weather", "Radio"}));
+    EXPECT_EQ(jobNames(jobs()), (Texts{"Weather", "Radio"}));
     removeJob(state, "Weather");
     EXPECT_EQ(jobs(), "Radio\r\nAO-7;\r\n1\r\n0\r\n1\r\nHidden\r\nX;\r\n1\r\n0\r\n0\r\n");
-    EXPECT_EQ(jobNames(jobs()), (Names{"Radio", "Hidden"})) << "the blank line that hid it is gone";
+    EXPECT_EQ(jobNames(jobs()), (Texts{"Radio", "Hidden"})) << "the blank line that hid it is gone";
     removeJob(state, "Hidden");
     removeJob(state, "Radio");
     EXPECT_TRUE(fakes.folder.exists("pass.dat"));
@@ -90,7 +88,7 @@ TEST_F(JobFileTest, RemovingTakesOneJobAndTheBlankLinesBehindIt) {
 
 TEST_F(JobFileTest, AnyLineCanBeTheName) {
     fakes.folder.write("pass.dat", "A\nX;\n1\n0\n0\n1\nY;\n2\n0\n0\n");
-    EXPECT_EQ(jobToEdit(jobs(), "1")->satellites, Names()) << "the days of the job before";
+    EXPECT_EQ(jobToEdit(jobs(), "1")->satellites, Texts()) << "the days of the job before";
     removeJob(state, "1");
     EXPECT_EQ(jobs(), "A\r\nX;\r\nY;\r\n2\r\n0\r\n0\r\n");
 }
@@ -108,7 +106,7 @@ TEST_F(JobFileTest, AnOldScratchFileIsReplacedAndALinkStaysOne) {
     std::filesystem::create_symlink("real/jobs", fakes.folder.path() / "pass.dat");
     removeJob(state, "Weather");
     EXPECT_TRUE(std::filesystem::is_symlink(fakes.folder.path() / "pass.dat"));
-    EXPECT_EQ(jobNames(fakes.folder.read("real/jobs")), Names{"Radio"});
+    EXPECT_EQ(jobNames(fakes.folder.read("real/jobs")), Texts{"Radio"});
     std::filesystem::remove(fakes.folder.path() / "pass.dat");
     fakes.folder.write("pass.dat", twoJobs);
     fakes.folder.write("foreign", "mine");
@@ -158,7 +156,7 @@ TEST_F(JobFileTest, HostileFilesAreRefusedOrReadSafely) {
 }
 
 TEST_F(JobFileTest, WhoeverKillsTheProgramFindsAllOtherJobs) {
-    const Names others{"Weather", "Radio"};
+    const Texts others{"Weather", "Radio"};
     fakes.folder.write("pass.dat", twoJobs);
     int withTheNewOne = 0;
     for (int round = 0; round < 60; ++round) {
@@ -169,7 +167,7 @@ TEST_F(JobFileTest, WhoeverKillsTheProgramFindsAllOtherJobs) {
         kill(child, SIGKILL);
         waitpid(child, nullptr, 0);
         const std::string text = jobs();
-        Names names = jobNames(text);
+        Texts names = jobNames(text);
         if (names.size() == 3) {
             ++withTheNewOne;
             EXPECT_EQ(names.back(), "New");

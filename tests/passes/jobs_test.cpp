@@ -1,7 +1,5 @@
 #include "passes/jobs.h"
 
-#include <map>
-
 #include "core/date_time.h"
 #include "core/labels.h"
 #include "passes/job_file.h"
@@ -9,11 +7,10 @@
 #include "passes/pass_prediction.h"
 #include "passes/pass_windows.h"
 #include "tests/passes/passes_test.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {
-
-using Names = std::vector<std::string>;
 
 /// A window that notes the job it is shown.
 class FakeWizard final : public RegisteredWindow, public PassWizardWindow {
@@ -48,9 +45,9 @@ class JobsTest : protected ShownJobs, public PassesTest {
         form.ListPresets.selected = 0;
     }
     std::string jobs() const { return fakes.folder.read("pass.dat"); }
-    const Names& messages() const { return fakes.dialogs.messages; }
-    Names dates() const {
-        Names all;
+    const Texts& messages() const { return fakes.dialogs.messages; }
+    Texts dates() const {
+        Texts all;
         for (const ResultRow& row : rows()) {
             if (all.empty() || all.back() != row.texts[1]) all.push_back(row.texts[1]);
         }
@@ -62,7 +59,7 @@ TEST_F(JobsTest, WithoutASelectionEachButtonTellsSo) {
     BUTeditjob_Click(form, state, services);
     PresetDelete_Click(form, state, services);
     PresetGo_Click(form, state, services);
-    EXPECT_EQ(messages(), (Names{"you must select a preset to edit", "you must select a preset to delete",
+    EXPECT_EQ(messages(), (Texts{"you must select a preset to edit", "you must select a preset to delete",
                                  "You must select a preset first"}));
     EXPECT_FALSE(fakes.windows.isLoaded("PassWizard"));
     PresetAdd_Click(services);
@@ -77,22 +74,22 @@ TEST_F(JobsTest, EditingMovesTheJobFromTheFileIntoTheWizard) {
     EXPECT_EQ(shown[0].name, "A");
     EXPECT_TRUE(fakes.windows.isOnScreen("PassWizard"));
     EXPECT_EQ(jobs(), "B\r\nY;\r\n1\r\n0\r\n0\r\n");
-    EXPECT_EQ(form.ListPresets.list, Names{"B"});
+    EXPECT_EQ(form.ListPresets.list, Texts{"B"});
     EXPECT_FALSE(form.ListPresets.isSelected());
 }
 
 TEST_F(JobsTest, WhatCannotBeEditedStaysWhereItIs) {
     load("A\nX;\n2\n1\n");
     BUTeditjob_Click(form, state, services);
-    EXPECT_EQ(shown.at(0).satellites, Names{"X"}) << "what there was";
+    EXPECT_EQ(shown.at(0).satellites, Texts{"X"}) << "what there was";
     EXPECT_EQ(jobs(), "A\nX;\n2\n1\n") << "but the file ended too early";
-    EXPECT_EQ(form.ListPresets.list, Names{"A"});
+    EXPECT_EQ(form.ListPresets.list, Texts{"A"});
 
     form.ListPresets.list[0] = "A ";
     BUTeditjob_Click(form, state, services);
     std::filesystem::remove(fakes.folder.path() / "pass.dat");
     BUTeditjob_Click(form, state, services);
-    EXPECT_EQ(messages(), (Names{"There is a possible problem with your PASS.DAT file",
+    EXPECT_EQ(messages(), (Texts{"There is a possible problem with your PASS.DAT file",
                                  "Can't file PASS.DAT in your Vantrace folder"}));
     EXPECT_EQ(shown.size(), 1U);
     std::filesystem::create_directory(fakes.folder.path() / "pass.dat");
@@ -105,13 +102,13 @@ TEST_F(JobsTest, DeletingAsksNothingAndAVanishedFileGoesToTheCaller) {
     load("A\nX;\n2\n1\n0\nB\nY;\n1\n0\n0\n");
     form.ListPresets.selected = 1;
     PresetDelete_Click(form, state, services);
-    EXPECT_EQ(jobNames(jobs()), Names{"A"});
-    EXPECT_EQ(form.ListPresets.list, Names{"A"});
+    EXPECT_EQ(jobNames(jobs()), Texts{"A"});
+    EXPECT_EQ(form.ListPresets.list, Texts{"A"});
     EXPECT_TRUE(messages().empty());
     form.ListPresets.selected = 0;
     std::filesystem::remove(fakes.folder.path() / "pass.dat");
     EXPECT_THROW(PresetDelete_Click(form, state, services), FileError);
-    EXPECT_EQ(form.ListPresets.list, Names{"A"});
+    EXPECT_EQ(form.ListPresets.list, Texts{"A"});
 }
 
 TEST_F(JobsTest, ARunPutsAllSatellitesOfEachDayBehindTheRows) {
@@ -119,12 +116,12 @@ TEST_F(JobsTest, ARunPutsAllSatellitesOfEachDayBehindTheRows) {
     form.Calendar = {31, 8, 2026};
     PresetGo_Click(form, state, services);
     EXPECT_EQ(fakes.events.yields, 4);
-    Names order;
+    Texts order;
     for (const ResultRow& row : rows()) {
         const std::string each = row.texts[0].substr(0, 3);
         if (order.empty() || order.back() != each) order.push_back(each);
     }
-    EXPECT_EQ(order, (Names{"ISS", "FUN", "ISS", "FUN"}));
+    EXPECT_EQ(order, (Texts{"ISS", "FUN", "ISS", "FUN"}));
     EXPECT_TRUE(std::ranges::count(dates(), "31 AUG") > 0 && std::ranges::count(dates(), "01 SEP") > 0);
     EXPECT_TRUE(fakes.dialogs.requests.empty());
     EXPECT_TRUE(fakes.printer.titles.empty());
@@ -171,7 +168,7 @@ TEST_F(JobsTest, AJobThatIsNotThereIsTold) {
     PresetGo_Click(form, state, services);
     std::filesystem::remove(fakes.folder.path() / "pass.dat");
     PresetGo_Click(form, state, services);
-    EXPECT_EQ(messages(), Names(2, "There was a problem finding that Job"));
+    EXPECT_EQ(messages(), Texts(2, "There was a problem finding that Job"));
 }
 
 TEST_F(JobsTest, ANameTypedWithABlankIsFoundNoMoreUntilTheListIsReadAnew) {
@@ -182,10 +179,10 @@ TEST_F(JobsTest, ANameTypedWithABlankIsFoundNoMoreUntilTheListIsReadAnew) {
     BUTeditjob_Click(form, state, services);
     PresetGo_Click(form, state, services);
     EXPECT_THROW(PresetDelete_Click(form, state, services), FileError);
-    EXPECT_EQ(messages(), (Names{"There is a possible problem with your PASS.DAT file",
+    EXPECT_EQ(messages(), (Texts{"There is a possible problem with your PASS.DAT file",
                                  "There was a problem finding that Job"}));
     load(jobs());
-    EXPECT_EQ(form.ListPresets.list, Names{"Late"});
+    EXPECT_EQ(form.ListPresets.list, Texts{"Late"});
     PresetGo_Click(form, state, services);
     EXPECT_FALSE(rows().empty());
 }
@@ -196,7 +193,7 @@ TEST_F(JobsTest, AJobThatIsBeingEditedCannotBeRun) {
     form.ListPresets.add("A");
     form.ListPresets.selected = 0;
     PresetGo_Click(form, state, services);
-    EXPECT_EQ(messages(), Names{"There was a problem finding that Job"});
+    EXPECT_EQ(messages(), Texts{"There was a problem finding that Job"});
     EXPECT_TRUE(rows().empty());
 }
 

@@ -2,11 +2,10 @@
 
 #include "platform/file_error.h"
 #include "tests/passes/passes_test.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {
-
-using Names = std::vector<std::string>;
 
 class PassPredictionTest : public PassesTest {
   protected:
@@ -14,7 +13,7 @@ class PassPredictionTest : public PassesTest {
         form.Groupname.text = group;
         Groupname_Click(form, state, services);
     }
-    const Names& messages() const { return fakes.dialogs.messages; }
+    const Texts& messages() const { return fakes.dialogs.messages; }
 };
 
 TEST_F(PassPredictionTest, OpensOnTodayWithGroupsFavouritesAndJobs) {
@@ -22,9 +21,9 @@ TEST_F(PassPredictionTest, OpensOnTodayWithGroupsFavouritesAndJobs) {
     fakes.folder.write("pass.dat", "A\nX;\n1\n0\n0\n");
     Form_Load(form, state, services);
     EXPECT_EQ(form.Calendar, (CalendarDate{22, 8, 2026}));
-    EXPECT_EQ(form.Groupname.list, (Names{"Space Stations", "Geostationary", "Missing"}));
-    EXPECT_EQ(form.FavouriteName.list, Names{"ISS (ZARYA)"});
-    EXPECT_EQ(form.ListPresets.list, Names{"A"});
+    EXPECT_EQ(form.Groupname.list, (Texts{"Space Stations", "Geostationary", "Missing"}));
+    EXPECT_EQ(form.FavouriteName.list, Texts{"ISS (ZARYA)"});
+    EXPECT_EQ(form.ListPresets.list, Texts{"A"});
     EXPECT_TRUE(form.skin.isApplied);
     EXPECT_EQ(form.Groupname.text, "Select Satellite Group");
     EXPECT_EQ(form.SatelliteName.text, "Select Satellite");
@@ -50,12 +49,12 @@ TEST_F(PassPredictionTest, AFileOfJobsThatCannotBeReadCostsItselfAlone) {
 
 TEST_F(PassPredictionTest, AGroupBringsItsSatellitesOneByOne) {
     choose("Space Stations");
-    EXPECT_EQ(form.SatelliteName.list, (Names{"ISS (ZARYA)", "FUNCUBE-1 (AO-73)"}));
+    EXPECT_EQ(form.SatelliteName.list, (Texts{"ISS (ZARYA)", "FUNCUBE-1 (AO-73)"}));
     EXPECT_EQ(fakes.events.yields, 2);
     EXPECT_EQ(form.SatelliteName.text, "Select Satellite");
     form.SatelliteName.text = "ISS (ZARYA)";
     choose("Geostationary");
-    EXPECT_EQ(form.SatelliteName.list, Names{"INTELSAT 10-02"});
+    EXPECT_EQ(form.SatelliteName.list, Texts{"INTELSAT 10-02"});
     EXPECT_EQ(form.SatelliteName.text, "Select Satellite") << "no satellite of another group stays";
 }
 
@@ -63,14 +62,14 @@ TEST_F(PassPredictionTest, AMissingFileIsTold) {
     choose("Missing");
     EXPECT_EQ(
         messages(),
-        Names{"missing.txt satellite group keps are not updated yet, the keplerian file doesn't exist"});
+        Texts{"missing.txt satellite group keps are not updated yet, the keplerian file doesn't exist"});
     EXPECT_TRUE(form.SatelliteName.list.empty());
 }
 
 TEST_F(PassPredictionTest, LinesGoByThreesFromTheVeryFirst) {
     fakes.folder.write("geo.txt", " A \n1\n2\n\nB\nC\nD\n1\n");
     choose("Geostationary");
-    EXPECT_EQ(form.SatelliteName.list, (Names{"A", ""})) << "whatever they hold; the rest is no satellite";
+    EXPECT_EQ(form.SatelliteName.list, (Texts{"A", ""})) << "whatever they hold; the rest is no satellite";
     fakes.folder.write("geo.txt", "");
     choose("Geostationary");
     EXPECT_TRUE(form.SatelliteName.list.empty());
@@ -82,7 +81,7 @@ TEST_F(PassPredictionTest, AChoiceInTheMiddleOfAnotherEndsIt) {
         choose("Geostationary");
     };
     choose("Space Stations");
-    EXPECT_EQ(form.SatelliteName.list, Names{"INTELSAT 10-02"});
+    EXPECT_EQ(form.SatelliteName.list, Texts{"INTELSAT 10-02"});
 }
 
 TEST_F(PassPredictionTest, ASatelliteOrADateMakesTheButtonActiveAndCalculatesNothing) {
@@ -94,7 +93,7 @@ TEST_F(PassPredictionTest, ASatelliteOrADateMakesTheButtonActiveAndCalculatesNot
 
 TEST_F(PassPredictionTest, WithoutASelectionTheButtonTellsHowManyThereAre) {
     BUTcalc_Click(form, state, services);
-    EXPECT_EQ(messages(), Names{"You must select either one of the 3 Satellites in the database, or one of "
+    EXPECT_EQ(messages(), Texts{"You must select either one of the 3 Satellites in the database, or one of "
                                 "your favourites"});
     form.FavouriteName.text = "ISS (ZARYA)";
     form.Calendar = {22, 8, 2026};

@@ -2,16 +2,15 @@
 
 #include "passes/job_file.h"
 #include "tests/passes/passes_test.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {
 
-using Names = std::vector<std::string>;
-
 /// The other window, as far as the wizard knows it.
 class FakePassPrediction final : public RegisteredWindow, public PassPredictionWindow {
   public:
-    explicit FakePassPrediction(Names& presets) : m_presets(presets) {}
+    explicit FakePassPrediction(Texts& presets) : m_presets(presets) {}
     void load() override {}
     void show() override {}
     void hide() override {}
@@ -20,11 +19,11 @@ class FakePassPrediction final : public RegisteredWindow, public PassPredictionW
     WindowCorner corner() const override { return {30, -40}; }
 
   private:
-    Names& m_presets;
+    Texts& m_presets;
 };
 
 struct Presets {
-    Names m_presets;
+    Texts m_presets;
 };
 
 class PassWizardTest : private Presets, public PassesTest {
@@ -34,7 +33,7 @@ class PassWizardTest : private Presets, public PassesTest {
                                      [this] { return std::make_unique<FakePassPrediction>(presets); });
         showFake("PassWizard");
     }
-    const Names& messages() const { return fakes.dialogs.messages; }
+    const Texts& messages() const { return fakes.dialogs.messages; }
     bool isOpen() const { return fakes.windows.isLoaded("PassWizard"); }
     void fill() {
         wizard.Tname = " Weather ";
@@ -43,7 +42,7 @@ class PassWizardTest : private Presets, public PassesTest {
     }
 
     // The fake writes here as long as it lives.
-    Names& presets = m_presets;
+    Texts& presets = m_presets;
     PassWizardForm wizard;
 };
 
@@ -61,7 +60,7 @@ TEST_F(PassWizardTest, OpensBesideItsParentWithAllGroups) {
 
 TEST_F(PassWizardTest, SatellitesAreAddedAlsoThePromptItself) {
     BUTadd_Click(wizard, services);
-    EXPECT_EQ(messages(), Names{"First select a Group, then a satellite, then click the add button"});
+    EXPECT_EQ(messages(), Texts{"First select a Group, then a satellite, then click the add button"});
     wizard.COMgroup.text = "Space Stations";
     COMgroup_Click(wizard, state, services);
     EXPECT_EQ(wizard.COMsatname.list.size(), 2U);
@@ -70,7 +69,7 @@ TEST_F(PassWizardTest, SatellitesAreAddedAlsoThePromptItself) {
     wizard.COMsatname.text = "ISS (ZARYA)";
     BUTadd_Click(wizard, services);
     BUTadd_Click(wizard, services);
-    EXPECT_EQ(wizard.SatList.list, (Names{"Select a Satellite", "ISS (ZARYA)", "ISS (ZARYA)"}));
+    EXPECT_EQ(wizard.SatList.list, (Texts{"Select a Satellite", "ISS (ZARYA)", "ISS (ZARYA)"}));
     EXPECT_EQ(messages().size(), 1U) << "the check for an unchosen satellite never fires";
     wizard.COMgroup.text = "Missing";
     COMgroup_Click(wizard, state, services);
@@ -82,10 +81,10 @@ TEST_F(PassWizardTest, OneIsRemovedWhenItIsSelected) {
     wizard.SatList.add("A");
     wizard.SatList.add("B");
     BUTremove_Click(wizard, services);
-    EXPECT_EQ(messages(), Names{"Select a satellite on the list first"});
+    EXPECT_EQ(messages(), Texts{"Select a satellite on the list first"});
     wizard.SatList.selected = 0;
     BUTremove_Click(wizard, services);
-    EXPECT_EQ(wizard.SatList.list, Names{"B"});
+    EXPECT_EQ(wizard.SatList.list, Texts{"B"});
 }
 
 TEST_F(PassWizardTest, AJobIsSavedWhenItIsWhole) {
@@ -96,21 +95,21 @@ TEST_F(PassWizardTest, AJobIsSavedWhenItIsWhole) {
     BUTSaveJob_Click(wizard, state, services);
     wizard.Tnumofdays = " soon ";
     BUTSaveJob_Click(wizard, state, services);
-    EXPECT_EQ(messages(), (Names{"you must choose a job name", "You must fill in the days box",
+    EXPECT_EQ(messages(), (Texts{"you must choose a job name", "You must fill in the days box",
                                  "You havn't chosen any satellites"}));
     EXPECT_FALSE(fakes.folder.exists("pass.dat"));
     fill();
     wizard.CHprint = true;
     BUTSaveJob_Click(wizard, state, services);
     EXPECT_EQ(fakes.folder.read("pass.dat"), "Weather\r\nISS (ZARYA);\r\n3\r\n0\r\n1\r\n");
-    EXPECT_EQ(presets, Names{" Weather "}) << "as typed";
+    EXPECT_EQ(presets, Texts{" Weather "}) << "as typed";
     EXPECT_FALSE(isOpen());
 }
 
 TEST_F(PassWizardTest, WithoutItsParentTheJobIsSavedAllTheSame) {
     fill();
     BUTSaveJob_Click(wizard, state, services);
-    EXPECT_EQ(jobNames(fakes.folder.read("pass.dat")), Names{"Weather"});
+    EXPECT_EQ(jobNames(fakes.folder.read("pass.dat")), Texts{"Weather"});
     EXPECT_FALSE(fakes.windows.isLoaded("PassPrediction"));
     EXPECT_FALSE(isOpen());
 }
@@ -128,8 +127,8 @@ TEST_F(PassWizardTest, AFileThatCannotBeWrittenLeavesTheWindowWithItsJob) {
 
 TEST_F(PassWizardTest, CancelAsks) {
     BUTcancel_Click(wizard, services);
-    EXPECT_EQ(messages(), Names{"You will loose the information for this job, Are you sure ?"});
-    EXPECT_EQ(fakes.dialogs.titles, Names{"Cancel Job"});
+    EXPECT_EQ(messages(), Texts{"You will loose the information for this job, Are you sure ?"});
+    EXPECT_EQ(fakes.dialogs.titles, Texts{"Cancel Job"});
     EXPECT_TRUE(isOpen());
     fakes.dialogs.saysYes = true;
     BUTcancel_Click(wizard, services);
@@ -139,10 +138,10 @@ TEST_F(PassWizardTest, CancelAsks) {
 TEST_F(PassWizardTest, AJobInItAloneGoesOnlyWhereTheUserAgrees) {
     EXPECT_TRUE(Form_QueryUnload(wizard, services)) << "nothing is in it";
     showJob(wizard, {"Radio", {"B", "C"}, "5", false, true, true});
-    EXPECT_EQ(wizard.SatList.list, (Names{"B", "C"}));
+    EXPECT_EQ(wizard.SatList.list, (Texts{"B", "C"}));
     EXPECT_TRUE(wizard.CHprint && !wizard.CHsave);
     EXPECT_FALSE(Form_QueryUnload(wizard, services));
-    EXPECT_EQ(fakes.dialogs.titles, Names{"Cancel Job"});
+    EXPECT_EQ(fakes.dialogs.titles, Texts{"Cancel Job"});
     fakes.dialogs.saysYes = true;
     EXPECT_TRUE(Form_QueryUnload(wizard, services));
     BUTSaveJob_Click(wizard, state, services);

@@ -1,18 +1,12 @@
 // What the tests of the predictions share: an engine over real element sets, and the form of the window.
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include <map>
-#include <memory>
-#include <string>
-#include <string_view>
-
 #include "core/program_state.h"
 #include "orbit/orbit_engine.h"
 #include "passes/pass_prediction_form.h"
 #include "tests/support/fake_window.h"
 #include "tests/support/test_services.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 

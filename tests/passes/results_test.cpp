@@ -2,6 +2,7 @@
 
 #include "core/program_state.h"
 #include "tests/passes/passes_test.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {
@@ -47,8 +48,8 @@ TEST_F(ResultsTest, TheSavedFileIsTheReportByteByByte) {
     ASSERT_EQ(fakes.dialogs.requests.size(), 1U);
     EXPECT_EQ(fakes.dialogs.requests[0].title, "Save Predicted results to file");
     EXPECT_EQ(fakes.dialogs.requests[0].start, "Vantrace.txt");
-    EXPECT_EQ(fakes.dialogs.messages, std::vector<std::string>{"Predictions saved as " +
-                                                               (fakes.folder.path() / "mine.txt").string()});
+    EXPECT_EQ(fakes.dialogs.messages,
+              Texts{"Predictions saved as " + (fakes.folder.path() / "mine.txt").string()});
 }
 
 TEST_F(ResultsTest, WithoutANameTheFileIsVantraceTxtInThePresentFolder) {
@@ -57,7 +58,7 @@ TEST_F(ResultsTest, WithoutANameTheFileIsVantraceTxtInThePresentFolder) {
     BUTsaveresults_Click(form, state, services);
     const std::string heading(reportBody.substr(0, reportBody.find("\r\nISS") + 2));
     EXPECT_EQ(fakes.folder.read("here/Vantrace.txt"), std::string(savedCredit) + heading + "\r\n");
-    EXPECT_EQ(fakes.dialogs.messages, std::vector<std::string>{"Predictions saved as Vantrace.txt"});
+    EXPECT_EQ(fakes.dialogs.messages, Texts{"Predictions saved as Vantrace.txt"});
 }
 
 TEST_F(ResultsTest, AFileThatCannotBeWrittenGoesToTheCallerAndTellsNothing) {
@@ -69,7 +70,7 @@ TEST_F(ResultsTest, AFileThatCannotBeWrittenGoesToTheCallerAndTellsNothing) {
 TEST_F(ResultsTest, ThePrinterGetsTheReportInFixedPitchWithABlueHeading) {
     addRows();
     BUTprint_Click(form, state, services);
-    EXPECT_EQ(fakes.printer.titles, std::vector<std::string>{"Print Vantrace Pass Predictions"});
+    EXPECT_EQ(fakes.printer.titles, Texts{"Print Vantrace Pass Predictions"});
     ASSERT_EQ(fakes.printer.documents.size(), 1U);
     const PrintDocument& document = fakes.printer.documents[0];
     EXPECT_EQ(document.face, "Lucida Console");

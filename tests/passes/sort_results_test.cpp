@@ -1,9 +1,8 @@
 #include "passes/sort_results.h"
 
-#include <stdexcept>
-
 #include "passes/results.h"
 #include "tests/passes/passes_test.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {

@@ -1,8 +1,6 @@
 #include "platform/daytime_reply.h"
 
-#include <gtest/gtest.h>
-
-#include <string>
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {

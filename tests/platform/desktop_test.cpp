@@ -1,6 +1,6 @@
 #include "platform/desktop.h"
 
-#include <gtest/gtest.h>
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {

@@ -1,21 +1,18 @@
 #include "platform/file_replacement.h"
 
-#include <gtest/gtest.h>
 #include <signal.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <chrono>
 #include <thread>
 
 #include "tests/support/temporary_folder.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {
-
-using Names = std::vector<std::string>;
 
 mode_t modeOf(const std::filesystem::path& path) {
     struct stat status {};
@@ -34,7 +31,7 @@ TEST(ReplaceFile, KeepsTheOldModeUnlessGivenOne) {
     replaceFile(file, "", 0600);
     EXPECT_EQ(modeOf(file), 0600U);
     EXPECT_EQ(folder.read("file"), "");
-    EXPECT_EQ(folder.names(), Names{"file"});
+    EXPECT_EQ(folder.names(), Texts{"file"});
 }
 
 TEST(ReplaceFile, LeavesALinkAndReplacesWhatIsBehindIt) {
@@ -61,7 +58,7 @@ TEST(ReplaceFile, RefusesWhatIsNoFile) {
     EXPECT_THROW(replaceFile(folder.path() / "sub", "x"), FileError);
     EXPECT_THROW(replaceFile(folder.path() / "none" / "file", "x"), FileError);
     EXPECT_THROW(replaceFile("/dev/null", "x"), FileError);
-    EXPECT_EQ(folder.names(), (Names{"pipe", "sub"}));
+    EXPECT_EQ(folder.names(), (Texts{"pipe", "sub"}));
 }
 
 TEST(ReplaceFile, AFullDiskLeavesTheOldFileAndNoScratch) {
@@ -76,7 +73,7 @@ TEST(ReplaceFile, AFullDiskLeavesTheOldFileAndNoScratch) {
     EXPECT_THROW(replaceFile(folder.path() / "file", std::string(1000, 'x')), FileError);
     setrlimit(RLIMIT_FSIZE, &before);
     EXPECT_EQ(folder.read("file"), "old");
-    EXPECT_EQ(folder.names(), Names{"file"});
+    EXPECT_EQ(folder.names(), Texts{"file"});
 }
 
 TEST(ReplaceFile, WhoeverKillsTheProgramFindsAWholeFile) {

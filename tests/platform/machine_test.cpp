@@ -1,5 +1,4 @@
 // Clock, number and date format, priority: what the machine tells and takes.
-#include <gtest/gtest.h>
 #include <locale.h>
 #include <sys/resource.h>
 #include <unistd.h>
@@ -7,7 +6,6 @@
 #include <cstdlib>
 #include <ctime>
 #include <iostream>
-#include <sstream>
 #include <thread>
 
 #include "platform/dialogs.h"
@@ -15,6 +13,7 @@
 #include "platform/process_priority.h"
 #include "platform/system_clock.h"
 #include "tests/support/temporary_folder.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {

@@ -1,15 +1,12 @@
 #include "platform/program_folder.h"
 
-#include <gtest/gtest.h>
-
 #include <cstdlib>
 
 #include "tests/support/temporary_folder.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {
-
-using Names = std::vector<std::string>;
 
 class ProgramFolderTest : public testing::Test {
   protected:

@@ -1,6 +1,6 @@
 #include "platform/settings_document.h"
 
-#include <gtest/gtest.h>
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {

@@ -1,11 +1,8 @@
 #include "platform/sound_converter.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <cmath>
 #include <cstring>
-#include <numbers>
+
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {

@@ -1,10 +1,5 @@
-#include <gtest/gtest.h>
 
-#include <array>
-#include <cmath>
-#include <limits>
 #include <numeric>
-#include <random>
 
 #include "platform/surface.h"
 #include "platform/surface_blend.h"
@@ -12,6 +7,7 @@
 #include "platform/surface_stretch.h"
 #include "tests/support/fake_text_painter.h"
 #include "tests/support/surface_pictures.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {

@@ -1,11 +1,9 @@
-#include <gtest/gtest.h>
 
-#include <algorithm>
 #include <queue>
-#include <random>
 
 #include "platform/surface.h"
 #include "tests/support/surface_pictures.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {

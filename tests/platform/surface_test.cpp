@@ -1,15 +1,8 @@
 #include "platform/surface.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <array>
-#include <cmath>
-#include <limits>
-#include <random>
-
 #include "tests/support/fake_text_painter.h"
 #include "tests/support/surface_pictures.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {
@@ -19,8 +12,8 @@ constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
 constexpr double infinity = std::numeric_limits<double>::infinity();
 
 /// The pixels with the ink's colour, as rows of '#' and '.'.
-std::vector<std::string> inked(const Surface& surface) {
-    std::vector<std::string> rows;
+Texts inked(const Surface& surface) {
+    Texts rows;
     for (int y = 0; y < surface.height(); ++y) {
         rows.emplace_back();
         for (int x = 0; x < surface.width(); ++x) rows.back() += surface.pixel(x, y) == ink ? '#' : '.';
@@ -77,18 +70,18 @@ TEST(Surface, ResizingKeepsThePenButNotItsPlace) {
 TEST(Pen, DotsLieAroundTheirPlace) {
     Surface surface = inkSurface(4, 3, 1);
     surface.plot(1.4, 0.6);
-    EXPECT_EQ(inked(surface), (std::vector<std::string>{"....", ".#..", "...."}));
+    EXPECT_EQ(inked(surface), (Texts{"....", ".#..", "...."}));
     surface.setPenWidth(2);
     surface.clear();
     surface.plot(3, 2);
-    EXPECT_EQ(inked(surface), (std::vector<std::string>{"....", "..##", "..##"}));
+    EXPECT_EQ(inked(surface), (Texts{"....", "..##", "..##"}));
     surface.clear();
     surface.plot(0, 0);
-    EXPECT_EQ(inked(surface), (std::vector<std::string>{"#...", "....", "...."}));
+    EXPECT_EQ(inked(surface), (Texts{"#...", "....", "...."}));
     Surface wide = inkSurface(8, 7, 6);
     wide.plot(4, 3);
-    EXPECT_EQ(inked(wide), (std::vector<std::string>{"..####..", ".######.", ".######.", ".######.",
-                                                     ".######.", "..####..", "........"}));
+    EXPECT_EQ(inked(wide),
+              (Texts{"..####..", ".######.", ".######.", ".######.", ".######.", "..####..", "........"}));
 }
 
 TEST(Pen, StaysWhereItWasLeft) {
@@ -162,7 +155,7 @@ TEST(Pen, LinesFromAFarKeepTheirDirection) {
     none.lineTo(1e9, -10);
     none.movePen(1e9, -1e9);
     none.lineTo(1e9, 1e9);
-    EXPECT_EQ(inked(none), std::vector<std::string>(30, std::string(50, '.')));
+    EXPECT_EQ(inked(none), Texts(30, std::string(50, '.')));
 }
 
 TEST(Pen, CirclesAreRingsAsWideAsThePen) {
@@ -187,7 +180,7 @@ TEST(Pen, CirclesAreRingsAsWideAsThePen) {
     }
     Surface huge = inkSurface(4, 3, 2);
     huge.circle(1e9, 1, 1e9 - 2);
-    EXPECT_EQ(inked(huge), (std::vector<std::string>{".##.", ".##.", ".##."}));
+    EXPECT_EQ(inked(huge), (Texts{".##.", ".##.", ".##."}));
 }
 
 TEST(Print, MixesCoverageOfThePenIntoWhatIsThereAndClipsIt) {

@@ -1,9 +1,9 @@
 #include "platform/text_file.h"
 
-#include <gtest/gtest.h>
 #include <sys/stat.h>
 
 #include "tests/support/temporary_folder.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {

@@ -1,6 +1,5 @@
 #include "platform/wave_file.h"
 
-#include <gtest/gtest.h>
 #include <signal.h>
 #include <sys/resource.h>
 
@@ -8,6 +7,7 @@
 #include <numeric>
 
 #include "tests/support/temporary_folder.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {

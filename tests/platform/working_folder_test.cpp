@@ -1,10 +1,9 @@
 // The current directory, and new names in it.
 #include "platform/working_folder.h"
 
-#include <gtest/gtest.h>
-
 #include "platform/file_renaming.h"
 #include "tests/support/temporary_folder.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {

@@ -1,12 +1,11 @@
 // The desktop's tools are scripts in a folder that is all of PATH.
-#include <gtest/gtest.h>
 
 #include <QByteArray>
-#include <chrono>
 #include <thread>
 
 #include "platform/qt/qt_desktop.h"
 #include "tests/support/temporary_folder.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {

@@ -1,5 +1,4 @@
 // Dialogs that a timer answers as a user would.
-#include <gtest/gtest.h>
 
 #include <QApplication>
 #include <QFileDialog>
@@ -10,11 +9,10 @@
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
-#include <functional>
-#include <memory>
 
 #include "platform/qt/qt_dialogs.h"
 #include "tests/support/temporary_folder.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {

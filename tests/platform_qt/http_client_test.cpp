@@ -1,12 +1,10 @@
-#include <gtest/gtest.h>
 
 #include <QByteArray>
-#include <chrono>
-#include <string>
 
 #include "platform/qt/qt_http_client.h"
 #include "tests/support/loopback_server.h"
 #include "tests/support/temporary_folder.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {

@@ -1,4 +1,3 @@
-#include <gtest/gtest.h>
 #include <sys/stat.h>
 
 #include <QElapsedTimer>
@@ -7,13 +6,10 @@
 #include <QTcpServer>
 #include <QTcpSocket>
 #include <QTest>
-#include <algorithm>
-#include <memory>
-#include <string>
-#include <vector>
 
 #include "platform/qt/qt_line_publisher.h"
 #include "tests/support/temporary_folder.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {
@@ -190,7 +186,7 @@ TEST_F(LinePublisherTest, APlaceThatIsTakenIsDoneWithout) {
     publisher.publish("first");
     QTcpSocket socket;
     ASSERT_TRUE(connectTo(socket));
-    std::vector<std::string> told;
+    Texts told;
     QtLinePublisher other(places, [&](std::string_view text) { told.emplace_back(text); });
     other.publish("second");
     QTest::qSleep(300);

@@ -1,7 +1,5 @@
 #include "platform/qt/painting_wait.h"
 
-#include <gtest/gtest.h>
-
 #include <QApplication>
 #include <QLineEdit>
 #include <QPointer>
@@ -10,9 +8,9 @@
 #include <QTest>
 #include <QTimer>
 #include <atomic>
-#include <chrono>
-#include <functional>
 #include <thread>
+
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {

@@ -1,15 +1,13 @@
 // Pictures as files, and those that the program brings with it.
-#include <gtest/gtest.h>
 
 #include <QBuffer>
 #include <QImage>
-#include <algorithm>
-#include <cmath>
 
 #include "platform/file_error.h"
 #include "platform/qt/qt_pictures.h"
 #include "tests/support/surface_pictures.h"
 #include "tests/support/temporary_folder.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {
@@ -99,7 +97,7 @@ TEST(QtPictures, ReadsWhatItWrote) {
     EXPECT_EQ(loaded.width(), 37);
     EXPECT_EQ(loaded.devicePixelsPerPixel(), 1);
     EXPECT_THROW(pictures.save(surface, folder.path() / "none" / "frame.png"), FileError);
-    EXPECT_EQ(folder.names(), std::vector<std::string>{"frame.png"});
+    EXPECT_EQ(folder.names(), Texts{"frame.png"});
 }
 
 TEST(QtPictures, KnowsAPictureByItsContent) {

@@ -1,5 +1,4 @@
 // Pages that a PDF file holds instead of paper.
-#include <gtest/gtest.h>
 
 #include <QApplication>
 #include <QDialog>
@@ -10,14 +9,10 @@
 #include <QStandardPaths>
 #include <QStringList>
 #include <QTimer>
-#include <filesystem>
-#include <map>
-#include <stdexcept>
-#include <string>
-#include <utility>
 
 #include "platform/qt/qt_printer.h"
 #include "tests/support/temporary_folder.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {

@@ -1,11 +1,10 @@
 // The sound input on a machine without a sound server; scripts/try-record tries it on one that has one.
-#include <gtest/gtest.h>
 
 #include <QtGlobal>
-#include <chrono>
 
 #include "platform/qt/qt_sound_capture.h"
 #include "tests/support/temporary_folder.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {

@@ -1,5 +1,4 @@
 // The voice where nobody speaks, and what it consists of. No daemon is needed; scripts/try-speech has one.
-#include <gtest/gtest.h>
 #include <sys/socket.h>
 #include <sys/un.h>
 
@@ -7,11 +6,8 @@
 #include <QMessageBox>
 #include <QTimer>
 #include <cerrno>
-#include <chrono>
 #include <cstdlib>
 #include <cstring>
-#include <memory>
-#include <string>
 #include <thread>
 
 #include "platform/file_descriptor.h"
@@ -20,6 +16,7 @@
 #include "platform/qt/qt_speech_desk.h"
 #include "platform/qt/qt_speech_pace.h"
 #include "tests/support/temporary_folder.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {

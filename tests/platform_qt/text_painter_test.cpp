@@ -1,9 +1,8 @@
-#include <algorithm>
-#include <cmath>
 #include <numeric>
 
 #include "platform/qt/qt_text_painter.h"
 #include "platform/surface.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {

@@ -1,15 +1,12 @@
-#include <gtest/gtest.h>
 
 #include <QTest>
 #include <atomic>
 #include <cerrno>
-#include <chrono>
-#include <optional>
-#include <string>
 
 #include "platform/qt/qt_time_client.h"
 #include "tests/support/fake_clock.h"
 #include "tests/support/loopback_server.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {

@@ -5,11 +5,10 @@
 #include "core/labels.h"
 #include "orbit/next_pass.h"
 #include "tests/orbit/program/program_test.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {
-
-using Texts = std::vector<std::string>;
 
 class AnnouncementsTest : public ProgramTest {
   protected:

@@ -1,12 +1,11 @@
 #include "station/pass_recording.h"
 
-#include <stdexcept>
-
 #include "core/config.h"
 #include "core/error_label.h"
 #include "core/labels.h"
 #include "tests/support/fake_record_window.h"
 #include "tests/support/test_services.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {

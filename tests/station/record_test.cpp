@@ -1,19 +1,16 @@
 // The recorder's own steps: countdown, commands to the sound card, and where the file ends.
 #include "station/record.h"
 
-#include <filesystem>
-#include <fstream>
-
 #include "core/program_state.h"
 #include "station/capture_commands.h"
 #include "tests/support/fake_window.h"
 #include "tests/support/test_services.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {
 
 namespace fs = std::filesystem;
-using Texts = std::vector<std::string>;
 
 const Texts startCommands{"close all", "open", "seek", "format 8 11025 1", "record"};
 const Texts stopCommands{"stop", "save 08211205.wav", "close", "close all"};

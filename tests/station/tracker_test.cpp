@@ -1,15 +1,13 @@
 #include "tests/station/tracker_test.h"
 
-#include <cmath>
 #include <cstdio>
 
 #include "orbit/angles.h"
 #include "tests/support/fake_window.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {
-
-using Texts = std::vector<std::string>;
 
 TEST_F(TrackerTest, NothingHappensUntilTheLinkIsSwitchedOnAndNothingAfter) {
     state.TrackerTag = "of a window before";

@@ -1,17 +1,12 @@
 // What the tests of the tracker share: real element sets, a site, and a list of frequencies.
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include <memory>
-#include <string>
-#include <string_view>
-
 #include "core/labels.h"
 #include "core/program_state.h"
 #include "orbit/orbit_engine.h"
 #include "station/tracker.h"
 #include "tests/support/test_services.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 
@@ -63,7 +58,7 @@ class TrackerTest : public ::testing::Test {
         const std::size_t start = at + 1 + key.size();
         return form.Tracking.substr(start, form.Tracking.find(' ', start) - start);
     }
-    const std::vector<std::string>& published() const { return fakes.linePublisher.lines; }
+    const Texts& published() const { return fakes.linePublisher.lines; }
 
     TestServices fakes;
     Services& services = fakes.services;

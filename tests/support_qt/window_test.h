@@ -1,19 +1,16 @@
 // What the tests of windows share: the real host over fake ports, and pictures of the windows.
 #pragma once
 
-#include <gtest/gtest.h>
-
 #include <QApplication>
 #include <QPixmap>
 #include <QTest>
 #include <QTimer>
 #include <QWheelEvent>
 #include <QWidget>
-#include <filesystem>
-#include <string>
 
 #include "core/ui/window_host.h"
 #include "tests/support/test_services.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 

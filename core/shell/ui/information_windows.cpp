@@ -36,10 +36,8 @@ About::About(WindowHost& host, Services& services)
     closeOnEscape();
     m_ui->BUTok->setFocus();
     setText(*m_ui->lblQt, std::string("Qt ") + qVersion());
-    connect(m_ui->BUTok, &QPushButton::clicked, this,
-            [this] { handle([this] { BUTok_Click(m_form, m_services); }); });
-    connect(m_ui->BUTsysinfo, &QPushButton::clicked, this,
-            [this] { handle([this] { BUTsysinfo_Click(m_form, m_services); }); });
+    onClick(m_ui->BUTok, [this] { BUTok_Click(m_form, m_services); });
+    onClick(m_ui->BUTsysinfo, [this] { BUTsysinfo_Click(m_form, m_services); });
 }
 
 About::~About() = default;

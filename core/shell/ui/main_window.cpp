@@ -20,8 +20,7 @@ Main::Main(WindowHost& host, ProgramState& state, Services& services)
       m_ui(std::make_unique<Ui::Main>()),
       m_timer1(addTimer(QStringLiteral("Timer1"), [this] { Timer1_Timer(m_form, m_services); })) {
     m_ui->setupUi(this);
-    connect(m_ui->BUTexit, &QPushButton::clicked, this,
-            [this] { handle([this] { BUTexit_Click(m_state, m_services); }); });
+    onClick(m_ui->BUTexit, [this] { BUTexit_Click(m_state, m_services); });
     connectMenu();
     // Not the exit: whoever presses a key has to mean it.
     centralWidget()->setFocusPolicy(Qt::ClickFocus);
@@ -34,8 +33,7 @@ void Main::connectMenu() {
     for (QAction* const entry : findChildren<QAction*>()) {
         const std::string name = entry->objectName().toStdString();
         if (name.empty() || entry->menu() != nullptr) continue;
-        connect(entry, &QAction::triggered, this,
-                [this, name] { handle([this, name] { runMenuEntry(name, m_state, m_services); }); });
+        onChosen(entry, [this, name] { runMenuEntry(name, m_state, m_services); });
     }
 }
 

@@ -34,8 +34,7 @@ Tabular::Tabular(WindowHost& host, ProgramState& state, Services& services)
       m_timer1(addTimer(QStringLiteral("Timer1"), [this] { MainLoop(m_form, m_state, m_services); })) {
     m_ui->setupUi(this);
     m_ui->TabList->setModel(m_rows);
-    connect(m_ui->BUTexit, &QPushButton::clicked, this,
-            [this] { handle([this] { BUTexit_Click(m_form, m_services); }); });
+    onClick(m_ui->BUTexit, [this] { BUTexit_Click(m_form, m_services); });
     connect(m_ui->BUTmin, &QPushButton::clicked, this, &QWidget::showMinimized);
 }
 

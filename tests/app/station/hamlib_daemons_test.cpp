@@ -1,11 +1,10 @@
-#include <gtest/gtest.h>
 
 #include <QProcess>
 #include <QStandardPaths>
-#include <sstream>
 
 #include "app/station/station_program.h"
 #include "tests/app/station/tcp_daemon.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {

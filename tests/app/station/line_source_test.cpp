@@ -1,15 +1,14 @@
 #include "app/station/line_source.h"
 
-#include <gtest/gtest.h>
-
 #include "tests/app/station/tcp_daemon.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {
 
 TEST(LineSourceTest, AConnectionThatSaysNothingIsMadeAnewWithoutAWord) {
     TcpDaemon tracker{[](const std::string&) { return std::string(); }};
-    std::vector<std::string> told;
+    Texts told;
     std::string last;
     LineSource source(
         tracker.address(), [&](std::string_view line) { last = line; },

@@ -1,18 +1,15 @@
 #include "app/station/station_main.h"
 
-#include <gtest/gtest.h>
-
 #include <QFile>
 #include <QProcess>
 #include <QProcessEnvironment>
-#include <filesystem>
-#include <sstream>
 
 #include "app/station/termination.h"
 #include "platform/file_error.h"
 #include "platform/system_clock.h"
 #include "tests/app/station/tcp_daemon.h"
 #include "tests/support/temporary_folder.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {

@@ -1,18 +1,16 @@
 #include "app/station/station_options.h"
 
-#include <gtest/gtest.h>
 #include <unistd.h>
 
 #include <cstdlib>
 
-#include "app/arguments.h"
+#include "app/program/arguments.h"
 #include "app/station/single_copy.h"
 #include "tests/support/temporary_folder.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {
-
-using Texts = std::vector<std::string>;
 
 StationOptions optionsOf(const Texts& arguments) {
     return stationOptions(parseCommandLine(stationSyntax(), arguments));

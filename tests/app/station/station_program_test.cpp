@@ -1,10 +1,7 @@
 #include "app/station/station_program.h"
 
-#include <gtest/gtest.h>
-
-#include <sstream>
-
 #include "tests/app/station/tcp_daemon.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {
@@ -60,7 +57,7 @@ class StationProgramTest : public ::testing::Test {
         return line == "+\\chk_vfo" ? std::string("ChkVFO: 0\n") : "answer: " + line + "\nRPRT 0\n";
     }};
     StationOptions options;
-    std::vector<std::string> told;
+    Texts told;
     std::ostringstream printed;
 
   private:

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "app/station/network_address.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 
@@ -38,7 +39,7 @@ class TcpDaemon {
         return count;
     }
 
-    std::vector<std::string> lines;
+    Texts lines;
     /// How often somebody has connected.
     int arrivals = 0;
 

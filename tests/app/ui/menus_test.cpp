@@ -1,12 +1,11 @@
 // The program as a whole: every entry of every menu opens what it names, and each window stands by itself.
 #include <QAbstractButton>
 #include <QMenu>
-#include <array>
-#include <set>
 
 #include "horizon/ui/horizon_window.h"
 #include "mapview/ui/world_view_window.h"
 #include "tests/app/ui/whole_program.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {

@@ -2,12 +2,12 @@
 
 #include "core/shell/information.h"
 #include "core/shell/start_up.h"
+#include "core/version.h"
 #include "tests/core/shell/shell_test.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {
-
-using Texts = std::vector<std::string>;
 
 class MainMenuTest : public ShellTest {
   protected:
@@ -100,7 +100,7 @@ TEST_F(MainMenuTest, AboutOffersTheSystemsToolWhereThereIsOne) {
     fakes.desktop.hasTool = false;
     Form_Load(about, services);
     EXPECT_FALSE(about.isBUTsysinfoEnabled);
-    EXPECT_EQ(about.lblVersion, "Version " + versionText());
+    EXPECT_EQ(about.lblVersion, "Version " + std::string(shortVersion));
     BUTsysinfo_Click(about, services);
     EXPECT_EQ(fakes.desktop.opened, Texts{"system information"});
 }

@@ -1,17 +1,12 @@
 // What the tests of the shell share: a whole small program folder, and windows without a screen.
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include <map>
-#include <string>
-#include <string_view>
-
 #include "core/program_state.h"
 #include "core/shell/main_form.h"
 #include "orbit/orbit_engine.h"
 #include "tests/support/fake_window.h"
 #include "tests/support/test_services.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 

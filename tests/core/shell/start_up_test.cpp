@@ -1,10 +1,10 @@
 #include "core/shell/start_up.h"
 
-#include <algorithm>
-
 #include "core/labels.h"
 #include "core/shell/view_dispatch.h"
+#include "core/version.h"
 #include "tests/core/shell/shell_test.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {
@@ -22,8 +22,8 @@ TEST_F(StartUpTest, FillsTheStateAndGreets) {
     fakes.settings.set("Speechpack", "1");
     fakes.settings.set("Voice", "0");
     start();
-    EXPECT_EQ(form.Caption, "Vantrace v" + versionText());
-    EXPECT_EQ(form.Label2, "v" + versionText());
+    EXPECT_EQ(form.Caption, "Vantrace v" + std::string(shortVersion));
+    EXPECT_EQ(form.Label2, "v" + std::string(shortVersion));
     EXPECT_EQ(form.Dstatus, "2 Satellites in the Keplerian Files (1 groups)");
     EXPECT_EQ(state.Favourites[1].Name, "ISS (ZARYA)");
     EXPECT_EQ(state.ObserverName, "Vienna");
@@ -119,7 +119,7 @@ TEST_F(StartUpTest, PlacesThatAreSkippedLeaveOneLineInTheLog) {
     folder.write("locations.dat", "1Kept;1;2;3\r\n1A;1;2;high\r\n1;1;2;3\r\n1Also kept;1;2;3\r\n");
     start();
     EXPECT_EQ(state.Locations[2].Name, "Also kept");
-    const std::vector<std::string> lines = fakes.logLines();
+    const Texts lines = fakes.logLines();
     ASSERT_EQ(lines.size(), 1U);
     EXPECT_NE(lines[0].find("locations.dat: 2 line(s) skipped, the first one: 1A;1;2;high"),
               std::string::npos)
@@ -139,7 +139,7 @@ TEST_F(StartUpTest, AFailedStepIsLoggedWithItsPhaseAndTheNextOneRuns) {
     fakes.settings.set("Latitude", "north");
     fakes.settings.set("Longitude", "10");
     start();
-    const std::vector<std::string> lines = fakes.logLines();
+    const Texts lines = fakes.logLines();
     EXPECT_EQ(std::ranges::count_if(
                   lines, [](const auto& line) { return line.ends_with(" (Speechpack) - Main Form Load"); }),
               1);
@@ -153,7 +153,7 @@ TEST_F(StartUpTest, AProgramWithoutAVoiceStartsAllTheSame) {
     fakes.settings.set("Speechpack", "1");
     fakes.speech.fails = true;
     start();
-    EXPECT_EQ(form.Caption, "Vantrace v" + versionText());
+    EXPECT_EQ(form.Caption, "Vantrace v" + std::string(shortVersion));
     EXPECT_EQ(fakes.logged(labels::mainFormLoad), 1);
     EXPECT_EQ(fakes.logged(labels::mainLoadAllSettings), 1);
 }

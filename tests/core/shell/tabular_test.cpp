@@ -2,6 +2,7 @@
 
 #include "core/shell/start_up.h"
 #include "tests/core/shell/shell_test.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {
@@ -88,8 +89,7 @@ TEST_F(TabularTest, AtTheVeryHorizonItIsInRangeStaysWhiteAndIsAnnouncedAgain) {
     for (int second = 0; second < 3; ++second) MainLoop(table, state, services);
     EXPECT_EQ(table.TabList[0].colour, outOfRangeColour);
     EXPECT_EQ(table.Sstatus, "1 out of 1 Satellites in range");
-    EXPECT_EQ(fakes.speech.texts,
-              std::vector<std::string>(2, "NOBODY 1 is now in range at heading 359degrees."))
+    EXPECT_EQ(fakes.speech.texts, Texts(2, "NOBODY 1 is now in range at heading 359degrees."))
         << "not at the first look, then each second";
 }
 

@@ -5,6 +5,7 @@
 #include "core/shell/start_up.h"
 #include "core/shell/status_panel.h"
 #include "tests/core/shell/shell_test.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {
@@ -27,7 +28,7 @@ class ViewDispatchTest : public ShellTest {
 
     bool isOnScreen(const char* window) { return services.windows.isOnScreen(window); }
 
-    std::vector<std::string> opened;
+    Texts opened;
 };
 
 using Opened = std::vector<std::string>;

@@ -1,7 +1,5 @@
 #include "core/ui/skin_style.h"
 
-#include <gtest/gtest.h>
-
 #include <QApplication>
 #include <QCalendarWidget>
 #include <QIcon>
@@ -13,13 +11,9 @@
 #include <QStandardItemModel>
 #include <QStatusBar>
 #include <QTreeView>
-#include <algorithm>
-#include <cmath>
-#include <functional>
-#include <utility>
-#include <vector>
 
 #include "core/ui/row_model.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {

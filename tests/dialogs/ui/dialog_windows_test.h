@@ -23,6 +23,7 @@
 #include "dialogs/ui/locations_window.h"
 #include "dialogs/ui/main_settings_window.h"
 #include "dialogs/ui/map_settings_window.h"
+#include "tests/support/testing.h"
 #include "tests/support_qt/view_program.h"
 
 namespace vantrace {
@@ -77,7 +78,7 @@ class DialogWindowsTest : public ::testing::Test {
         }
     }
     std::string stored(const char* key) { return program.fakes.settings.get(key).value_or("(none)"); }
-    const std::vector<std::string>& messages() const { return program.fakes.dialogs.messages; }
+    const Texts& messages() const { return program.fakes.dialogs.messages; }
 
     /// A picture in each look, in which nothing is cut off.
     template <class Window>

@@ -1,5 +1,6 @@
 // The windows of the groups and of the places, as the user works them.
 #include "tests/dialogs/ui/dialog_windows_test.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {
@@ -32,8 +33,8 @@ class ListWindowsTest : public DialogWindowsTest {
         }
         return -1;
     }
-    std::vector<std::string> favourites() {
-        std::vector<std::string> names;
+    Texts favourites() {
+        Texts names;
         for (int i = 1; i <= program.state.FavouriteCount; ++i) {
             names.push_back(program.state.Favourites[i].Name);
         }
@@ -48,7 +49,7 @@ TEST_F(ListWindowsTest, TicksOfTheMouseAndOfTheKeyboardAreFavourites) {
     auto* const window = open<frmCONGroups>("mnuCONgroups");
     EXPECT_EQ(window->windowTitle().toStdString(), "Vantrace - Satellite Groups and Favourites");
     ASSERT_EQ(name(window, groups, 0), "Space Stations");
-    const std::vector<std::string> before = favourites();
+    const Texts before = favourites();
     const int station = rowOf(window, satellites, "ISS (ZARYA)");
     ASSERT_GE(station, 0);
     EXPECT_TRUE(isTicked(window, satellites, station));
@@ -117,7 +118,7 @@ TEST_F(ListWindowsTest, GroupsAreAddedAndDeleted) {
     auto* const window = open<frmCONGroups>("mnuCONgroups");
     const int before = count(window, groups);
     click(window, "BUTaddCelestrak");
-    EXPECT_EQ(messages(), std::vector<std::string>{"Select a group first, then click this button"});
+    EXPECT_EQ(messages(), Texts{"Select a group first, then click this button"});
     EXPECT_EQ(childOf<QComboBox>(window, "COMCelestrak")->placeholderText(),
               QStringLiteral("Select a Celestrak Group"));
     pick(window, "COMCelestrak", 4);

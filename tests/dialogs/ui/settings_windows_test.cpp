@@ -1,6 +1,7 @@
 // The windows of the main settings and of the map's, as the user works them.
 #include "mapview/ui/world_view_window.h"
 #include "tests/dialogs/ui/dialog_windows_test.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {
@@ -28,7 +29,7 @@ TEST_F(SettingsWindowsTest, ThePlaceThatIsTypedIsTheProgramsAsTheWindowCloses) {
     QTest::keyClick(window, Qt::Key_Escape);
     ViewProgram::settle();
     ASSERT_EQ(windowOnScreen<frmCONmain>(), window) << "the latitude keeps it";
-    EXPECT_EQ(messages(), std::vector<std::string>{"Latitude should be less than 90"});
+    EXPECT_EQ(messages(), Texts{"Latitude should be less than 90"});
     retype(window, "Tlatitude", "47.07");
     click(window, "closeButton");
     ViewProgram::settle();
@@ -83,7 +84,7 @@ TEST_F(SettingsWindowsTest, TicksSlidersAndVoicesWork) {
     click(window, "BUTwxWavDir");
     EXPECT_EQ(textOf(window, "LAWxWavDir"), "/");
     click(window, "BUTeditTZ");
-    EXPECT_EQ(program.fakes.desktop.opened, std::vector<std::string>{"time settings"});
+    EXPECT_EQ(program.fakes.desktop.opened, Texts{"time settings"});
     close(window);
     EXPECT_EQ(stored("Voice"), "2");
     EXPECT_EQ(stored("WxWavDir"), "/");

@@ -7,10 +7,10 @@
 #include <QScrollBar>
 #include <QToolButton>
 #include <QTreeView>
-#include <memory>
 
 #include "core/program_state.h"
 #include "tests/flares/flare_pages.h"
+#include "tests/support/testing.h"
 #include "tests/support_qt/window_test.h"
 
 namespace vantrace {
@@ -115,7 +115,7 @@ TEST_F(IridiumFlaresWindowTest, FetchesSavesPrintsAndCloses) {
     click(window, "BUTprint");
     EXPECT_EQ(fakes.dialogs.messages.back(), "no paper");
     click(window, "Picture1");
-    EXPECT_EQ(fakes.desktop.opened, std::vector<std::string>{"http://flares.test"});
+    EXPECT_EQ(fakes.desktop.opened, Texts{"http://flares.test"});
 
     click(window, "closeButton");
     QTest::qWait(1);

@@ -1,9 +1,6 @@
 #include "internet/element_server/element_request.h"
 
-#include <gtest/gtest.h>
-
-#include <string>
-#include <vector>
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {

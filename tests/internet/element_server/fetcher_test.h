@@ -1,21 +1,11 @@
 // The fetcher over an Internet that a test writes.
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include <chrono>
-#include <fstream>
-#include <functional>
-#include <map>
-#include <memory>
-#include <optional>
-#include <string>
-#include <vector>
-
 #include "core/program_state.h"
 #include "internet/element_server/http_fetcher.h"
 #include "tests/support/fake_clock.h"
 #include "tests/support/temporary_folder.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 
@@ -84,7 +74,7 @@ class FetcherTest : public ::testing::Test {
     FakeClock clock;
     ProgramState state;
     FakeHttpClient client;
-    std::vector<std::string> told;
+    Texts told;
     std::unique_ptr<HttpFetcher> fetcher;
 };
 

@@ -5,6 +5,7 @@
 #include "orbit/elements/element_reader.h"
 #include "platform/text_file.h"
 #include "tests/internet/element_server/fetcher_test.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {
@@ -17,7 +18,7 @@ TEST_F(FetcherTest, APlainPageReplacesTheFileWhateverItHolds) {
     client.onGet = [this] { EXPECT_EQ(folder.read("satellite.dat"), "old") << "until all is there"; };
     EXPECT_EQ(messageOf(fetcher->FetchToFile(plainUrl, folder.appPath() + "satellite.dat")), "");
     EXPECT_EQ(folder.read("satellite.dat"), "<html>sorry</html>");
-    EXPECT_EQ(folder.names(), std::vector<std::string>{"satellite.dat"});
+    EXPECT_EQ(folder.names(), Texts{"satellite.dat"});
     EXPECT_EQ(client.requests.at(0).url, plainUrl);
     EXPECT_FALSE(client.requests.at(0).proxy);
 }
@@ -48,8 +49,8 @@ TEST_F(FetcherTest, RedirectsOfPlainHostsAreFollowedToAnyButTheElementHost) {
 
 TEST_F(FetcherTest, WhatAKilledRunLeftBehindGoesAfterADay) {
     using namespace std::chrono_literals;
-    const std::vector<std::string> old{"x.dat.aB3dEf.part", "x.dat.aB3dEf.tmp",    "x.dat.bak.part",
-                                       "y.dat.aB3dEf.part", "keps.tmp.aB3dEf.tmp", "fetches.dat.aB3dEf.tmp"};
+    const Texts old{"x.dat.aB3dEf.part", "x.dat.aB3dEf.tmp",    "x.dat.bak.part",
+                    "y.dat.aB3dEf.part", "keps.tmp.aB3dEf.tmp", "fetches.dat.aB3dEf.tmp"};
     for (const std::string& name : old) {
         folder.write(name, "half");
         std::filesystem::last_write_time(folder.path() / name,
@@ -58,8 +59,7 @@ TEST_F(FetcherTest, WhatAKilledRunLeftBehindGoesAfterADay) {
     folder.write("x.dat.Young1.part", "of another run");
     client.answers(200, "OK", "content");
     EXPECT_EQ(messageOf(fetcher->FetchToFile(plainUrl, folder.appPath() + "x.dat")), "");
-    EXPECT_EQ(folder.names(), (std::vector<std::string>{"x.dat", "x.dat.Young1.part", "x.dat.bak.part",
-                                                        "y.dat.aB3dEf.part"}));
+    EXPECT_EQ(folder.names(), (Texts{"x.dat", "x.dat.Young1.part", "x.dat.bak.part", "y.dat.aB3dEf.part"}));
 }
 
 TEST_F(FetcherTest, AFailureLeavesTheOldFileAndNothingElse) {
@@ -78,7 +78,7 @@ TEST_F(FetcherTest, AFailureLeavesTheOldFileAndNothingElse) {
     EXPECT_EQ(messageOf(error), "It broke");
     EXPECT_EQ(codeOf(error), static_cast<int>(HttpFailure::closed));
     EXPECT_EQ(folder.read("satellite.dat"), "old");
-    EXPECT_EQ(folder.names(), std::vector<std::string>{"satellite.dat"});
+    EXPECT_EQ(folder.names(), Texts{"satellite.dat"});
     EXPECT_EQ(client.requests.size(), 3U) << "plain hosts have no rules";
 }
 

@@ -1,12 +1,9 @@
 #include "internet/omm/element_columns.h"
 
-#include <gtest/gtest.h>
-
-#include <cmath>
-
 #include "internet/omm/epoch_columns.h"
 #include "orbit/elements/element_fields.h"
 #include "orbit/elements/element_reader.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {

@@ -1,14 +1,9 @@
 // Messages for tests.
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include <map>
-#include <string>
-#include <string_view>
-
 #include "internet/omm/three_line_conversion.h"
 #include "platform/text_file.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 

@@ -7,9 +7,9 @@
 #include <QRadioButton>
 #include <QScrollArea>
 #include <QScrollBar>
-#include <memory>
 
 #include "core/program_state.h"
+#include "tests/support/testing.h"
 #include "tests/support_qt/window_test.h"
 
 namespace vantrace {
@@ -88,8 +88,7 @@ TEST_F(UpdatesWindowTest, TheFieldsOfTheProxyFollowTheChoiceAndAreKept) {
     QTest::keyClicks(password, "secret");
     EXPECT_EQ(password->displayText().indexOf(QStringLiteral("secret")), -1);
     click(window, "BUTupdateDB");
-    EXPECT_EQ(fakes.fetcher.requests.at(0).proxy,
-              (std::vector<std::string>{"proxy.example", "1080", "anna", "secret"}));
+    EXPECT_EQ(fakes.fetcher.requests.at(0).proxy, (Texts{"proxy.example", "1080", "anna", "secret"}));
     QTest::keyClick(window, Qt::Key_Escape);
     QTest::qWait(1);
     EXPECT_FALSE(fakes.windows.isLoaded("frmCONUpdates"));

@@ -11,6 +11,7 @@
 #include "mapview/paint/repaint_map_screen.h"
 #include "tests/mapview/map_test.h"
 #include "tests/support/surface_pictures.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 
@@ -60,8 +61,8 @@ class PainterTest : public MapTest {
     static double longitudeAt(double x) { return x <= 180 ? 180 - x : 540 - x; }
 
     /// The texts that were printed, in their order.
-    std::vector<std::string> printed() const {
-        std::vector<std::string> texts;
+    Texts printed() const {
+        Texts texts;
         for (const auto& question : fakes.textPainter.questions) texts.push_back(question.text);
         return texts;
     }

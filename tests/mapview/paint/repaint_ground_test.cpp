@@ -1,5 +1,6 @@
 // The ground of the map, and where the pictures come from.
 #include "tests/mapview/paint/painter_test.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {
@@ -97,7 +98,7 @@ class MoonlessPictures final : public Pictures {
     }
     void save(const Surface&, const std::filesystem::path&) override {}
 
-    std::vector<std::string> names;
+    Texts names;
 
   private:
     FakePictures m_pictures;

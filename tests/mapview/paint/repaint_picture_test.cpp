@@ -1,8 +1,6 @@
 // Whole frames, with real text, compared with pictures that were looked at.
 #include <cstdlib>
-#include <filesystem>
 #include <tuple>
-#include <utility>
 
 #include "mapview/tables/ground_track.h"
 #include "mapview/tables/gsatroutine.h"
@@ -10,6 +8,7 @@
 #include "platform/qt/qt_pictures.h"
 #include "platform/qt/qt_text_painter.h"
 #include "tests/mapview/paint/painter_test.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {
@@ -87,7 +86,7 @@ class MapPictureTest : public MapTest {
         Gsatroutine(form, map, state, with);
         surfaces.Final.resize(width, height);
         RepaintMapScreen(surfaces, form, map, state, with);
-        EXPECT_EQ(fakes.logLines(), std::vector<std::string>{});
+        EXPECT_EQ(fakes.logLines(), Texts{});
         return surfaces.Final;
     }
 

@@ -1,9 +1,8 @@
 // The frame of the map: its layers, and what stands on them.
-#include <limits>
-#include <stdexcept>
 
 #include "mapview/map_projection.h"
 #include "tests/mapview/paint/painter_test.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {

@@ -1,12 +1,11 @@
 #include "mapview/paint/shade.h"
 
-#include <algorithm>
-
 #include "mapview/map_projection.h"
 #include "mapview/paint/shade_painter.h"
 #include "mapview/tables/sun_moon.h"
 #include "platform/surface.h"
 #include "tests/mapview/map_test.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {

@@ -1,11 +1,10 @@
 #include "mapview/tables/gsatroutine.h"
 
-#include <stdexcept>
-
 #include "core/error_label.h"
 #include "mapview/tables/info_pane.h"
 #include "mapview/tables/status_line.h"
 #include "tests/mapview/map_test.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {

@@ -1,11 +1,9 @@
 #include "orbit/earth/earth_rotation.h"
 
-#include <gtest/gtest.h>
-
-#include <cmath>
 #include <initializer_list>
 
 #include "orbit/elements/element_set.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {

@@ -1,10 +1,7 @@
 #include "orbit/earth/geodesy.h"
 
-#include <gtest/gtest.h>
-
-#include <cmath>
-
 #include "orbit/elements/element_set.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {

@@ -1,14 +1,9 @@
 // Look angles from first principles: the test puts an object where it must be seen.
 #include "orbit/earth/look_angles.h"
 
-#include <gtest/gtest.h>
-
-#include <cmath>
-#include <random>
-#include <vector>
-
 #include "orbit/earth/earth_rotation.h"
 #include "orbit/elements/element_set.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {

@@ -1,16 +1,12 @@
 #include "orbit/elements/element_catalogue.h"
 
-#include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <unistd.h>
-
-#include <string>
-#include <utility>
-#include <vector>
 
 #include "orbit/engine_error.h"
 #include "tests/orbit/element_texts.h"
 #include "tests/support/temporary_folder.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {

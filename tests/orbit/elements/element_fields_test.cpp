@@ -1,11 +1,8 @@
 // What the reader accepts and refuses in the single fields of lines 1 and 2.
 #include "orbit/elements/element_fields.h"
 
-#include <gtest/gtest.h>
-
-#include <string>
-
 #include "tests/orbit/element_texts.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {

@@ -1,13 +1,7 @@
 #include "orbit/elements/element_reader.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <string>
-#include <string_view>
-#include <vector>
-
 #include "tests/orbit/element_texts.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {
@@ -17,13 +11,11 @@ const std::string name1 = "ISS (ZARYA)";
 const std::string line1 = "1 25544U 98067A   26233.53315667  .00008864  00000+0  16558-3 0  9995";
 const std::string line2 = "2 25544  51.6331 336.6713 0007673  69.9303 290.2511 15.49551867581884";
 
-std::vector<std::string> namesIn(std::string_view text) {
-    std::vector<std::string> names;
+Texts namesIn(std::string_view text) {
+    Texts names;
     for (const ElementSet& set : readAll(text).sets) names.push_back(set.name);
     return names;
 }
-
-using Names = std::vector<std::string>;
 
 TEST(ElementReader, ReadsEveryFieldInTheEnginesUnits) {
     const ReadElements read = readAll(name1 + "\n" + line1 + "\n" + line2 + "\n");
@@ -63,30 +55,30 @@ TEST(ElementReader, TakesEveryFormOfLinesAndLineEnds) {
         {"text behind column 69", name1 + "\n" + line1 + "\n" + line2 + "  0.0  1440.0  5.0\n"},
     };
     for (const auto& row : table) {
-        EXPECT_EQ(namesIn(row.text), Names{name1}) << row.what;
+        EXPECT_EQ(namesIn(row.text), Texts{name1}) << row.what;
         EXPECT_TRUE(readAll(row.text).remarks.empty()) << row.what;
     }
 }
 
 TEST(ElementReader, CallsASetWithoutANameByItsNumber) {
-    EXPECT_EQ(namesIn(line1 + "\n" + line2 + "\n"), Names{"25544"});
+    EXPECT_EQ(namesIn(line1 + "\n" + line2 + "\n"), Texts{"25544"});
     const std::string alpha1 = withColumns(line1, 3, "B0001");
     const std::string alpha2 = withColumns(line2, 3, "B0001");
-    EXPECT_EQ(namesIn(alpha1 + "\n" + alpha2), Names{"110001"});
+    EXPECT_EQ(namesIn(alpha1 + "\n" + alpha2), Texts{"110001"});
     // A lonely "0 " is no name.
-    EXPECT_EQ(namesIn("0\n" + line1 + "\n" + line2 + "\n"), Names{"25544"});
-    EXPECT_EQ(namesIn("0   \r\n" + line1 + "\n" + line2 + "\n"), Names{"25544"});
+    EXPECT_EQ(namesIn("0\n" + line1 + "\n" + line2 + "\n"), Texts{"25544"});
+    EXPECT_EQ(namesIn("0   \r\n" + line1 + "\n" + line2 + "\n"), Texts{"25544"});
     // The name of one set is not carried over to the next.
     const std::string lines = "\n" + line1 + "\n" + line2 + "\n";
-    EXPECT_EQ(namesIn("FIRST" + lines + lines), (Names{"FIRST", "25544"}));
+    EXPECT_EQ(namesIn("FIRST" + lines + lines), (Texts{"FIRST", "25544"}));
 }
 
 TEST(ElementReader, KeepsNamesThatLookLikeTheStartOfALine) {
     for (const std::string name : {"1 HOPEFUL", "2 BE OR NOT 2 BE", "1", "00", "1998-067A", "2026 001 DEB"}) {
-        EXPECT_EQ(namesIn(name + "\n" + line1 + "\n" + line2), Names{name});
+        EXPECT_EQ(namesIn(name + "\n" + line1 + "\n" + line2), Texts{name});
     }
     const std::string longName(200, 'N');
-    EXPECT_EQ(namesIn(longName + "\n" + line1 + "\n" + line2), Names{longName});
+    EXPECT_EQ(namesIn(longName + "\n" + line1 + "\n" + line2), Texts{longName});
 }
 
 TEST(ElementReader, LeavesOutSetsWhoseNamesHoldControlCharacters) {
@@ -100,7 +92,7 @@ TEST(ElementReader, LeavesOutSetsWhoseNamesHoldControlCharacters) {
         EXPECT_EQ(read.remarks.front().name, "");
         EXPECT_FALSE(read.remarks.front().used);
     }
-    EXPECT_EQ(namesIn("\xC3\x89TOILE" + lines), Names{"\xC3\x89TOILE"});
+    EXPECT_EQ(namesIn("\xC3\x89TOILE" + lines), Texts{"\xC3\x89TOILE"});
 }
 
 TEST(ElementReader, ReadsCatalogueNumbersInAlpha5) {

@@ -1,17 +1,10 @@
 // Texts that were never meant to be read: the reader may leave out whatever it likes, but must not crash, and
 // must not accept a set whose lines are wrong.
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <random>
-#include <string>
-#include <string_view>
-#include <utility>
-#include <vector>
 
 #include "orbit/elements/element_reader.h"
 #include "platform/text_file.h"
 #include "tests/orbit/element_texts.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {

@@ -1,15 +1,9 @@
 // The pass search against a look at every ten seconds of four days: nothing missed, nothing invented.
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <cmath>
-#include <random>
-#include <string>
-#include <vector>
 
 #include "orbit/passes/pass_search.h"
 #include "tests/orbit/element_texts.h"
 #include "tests/orbit/passes/dense_path.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {

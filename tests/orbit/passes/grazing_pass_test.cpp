@@ -1,13 +1,10 @@
 // Passes of seconds: the site is moved until the satellite barely looks over its horizon.
-#include <gtest/gtest.h>
-
-#include <cmath>
-#include <string>
 
 #include "orbit/passes/pass_list_text.h"
 #include "orbit/passes/pass_search.h"
 #include "tests/orbit/element_texts.h"
 #include "tests/orbit/passes/dense_path.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {

@@ -1,11 +1,8 @@
 // The searches for one rise or set, and how they follow one another.
-#include <cmath>
-#include <limits>
-#include <string>
-#include <vector>
 
 #include "core/date_time.h"
 #include "tests/orbit/engine_test.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {

@@ -1,11 +1,8 @@
 #include "orbit/passes/pass_list_text.h"
 
-#include <sstream>
-#include <string>
-#include <vector>
-
 #include "core/date_time.h"
 #include "tests/orbit/engine_test.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {
@@ -96,7 +93,7 @@ struct LocalDays {
     int offsetMinutes;
     DateParts startUtc;
     int days;
-    std::vector<std::string> rises;
+    Texts rises;
 };
 
 class NeverSetting : public PassListTest, public ::testing::WithParamInterface<LocalDays> {};
@@ -106,7 +103,7 @@ TEST_P(NeverSetting, IsCutIntoLocalDays) {
     clock.setUtc({2026, 8, 21, 12, 0, 0}, GetParam().offsetMinutes);
     const std::string text =
         engine.EnginePassList("GOES 19", packDateTime(GetParam().startUtc), 1, GetParam().days, 0, 0);
-    std::vector<std::string> rises;
+    Texts rises;
     for (const Record& record : recordsOf(text)) {
         rises.push_back(record.rise);
         EXPECT_EQ(record.seconds, 86399);

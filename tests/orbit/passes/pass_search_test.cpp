@@ -1,10 +1,7 @@
 #include "orbit/passes/pass_search.h"
 
-#include <algorithm>
-#include <cmath>
-#include <string>
-
 #include "tests/orbit/engine_test.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {

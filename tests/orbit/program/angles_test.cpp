@@ -1,11 +1,6 @@
 #include "orbit/angles.h"
 
-#include <gtest/gtest.h>
-
-#include <cmath>
-#include <limits>
-#include <numbers>
-#include <stdexcept>
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {

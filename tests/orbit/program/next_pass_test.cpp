@@ -1,13 +1,12 @@
 #include "orbit/next_pass.h"
 
-#include <cmath>
-
 #include "core/date_time.h"
 #include "core/error_label.h"
 #include "core/labels.h"
 #include "core/numbers.h"
 #include "core/texts.h"
 #include "tests/orbit/program/program_test.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {

@@ -1,15 +1,10 @@
 // What the tests of the program's orbit logic share: an engine over a program folder with real element sets.
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include <memory>
-#include <string>
-#include <string_view>
-
 #include "core/program_state.h"
 #include "orbit/orbit_engine.h"
 #include "tests/support/test_services.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 

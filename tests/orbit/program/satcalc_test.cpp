@@ -1,12 +1,10 @@
 #include "orbit/satcalc.h"
 
-#include <cmath>
-#include <numbers>
-
 #include "core/date_time.h"
 #include "core/labels.h"
 #include "core/numbers.h"
 #include "tests/orbit/program/program_test.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {

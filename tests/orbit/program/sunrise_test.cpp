@@ -1,10 +1,6 @@
 #include "orbit/sunrise.h"
 
-#include <gtest/gtest.h>
-
-#include <cmath>
-#include <limits>
-#include <stdexcept>
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {

@@ -1,13 +1,10 @@
 #include "orbit/upcoming_passes.h"
 
-#include <algorithm>
-#include <string>
-#include <vector>
-
 #include "core/date_time.h"
 #include "core/labels.h"
 #include "core/rich_text.h"
 #include "tests/orbit/program/program_test.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {
@@ -31,8 +28,8 @@ class UpcomingPasses : public ProgramTest {
     void goTo(double utc, int secondsBefore) {
         fakes.clock.setUtc(dateParts(utc - secondsBefore / 86400.0), 120);
     }
-    std::vector<std::string> lines() const {
-        std::vector<std::string> result;
+    Texts lines() const {
+        Texts result;
         std::string rest = panel.plainText();
         while (!rest.empty()) {
             const std::size_t end = rest.find('\n');
@@ -84,7 +81,7 @@ TEST_F(UpcomingPasses, OfThreeThatWaitTheLastToRiseIsNotShown) {
     // The unknown one has the times of the one before it.
     const double iss = state.OrbitEngine->EngineNextAOS("ISS (ZARYA)", now());
     const double cube = state.OrbitEngine->EngineNextAOS("FUNCUBE-1 (AO-73)", now());
-    const std::vector<std::string> rows = lines();
+    const Texts rows = lines();
     ASSERT_EQ(rows.size(), 4U);
     const auto riseOf = [](const std::string& row) { return row.substr(15, 5); };
     EXPECT_EQ(riseOf(rows[2]), localClock(std::min(iss, cube)));
@@ -99,7 +96,7 @@ TEST_F(UpcomingPasses, WithinAQuarterOfAnHourItTurnsRedAndIsAnnouncedFromItsCutN
     struct Case {
         int seconds;
         Colour colour;
-        std::vector<std::string> spoken;
+        Texts spoken;
     };
     const std::string name = "FUNCUBE 1 (AO ";
     for (const Case& expected : {Case{15 * 60 + 5, 0xFFFF00, {}},
@@ -121,8 +118,7 @@ TEST_F(UpcomingPasses, OneThatSetsWithinThreeMinutesOfAnyHourIsAnnounced) {
     addFavourite("ISS (ZARYA)", 10);
     goTo(set, 170);
     update(true);
-    EXPECT_EQ(fakes.speech.texts,
-              std::vector<std::string>{"The International Space station will be out of range in 2 minutes"});
+    EXPECT_EQ(fakes.speech.texts, Texts{"The International Space station will be out of range in 2 minutes"});
     fakes.speech.texts.clear();
     goTo(set, 190);
     update(true);

@@ -1,9 +1,7 @@
-#include <gtest/gtest.h>
 
-#include <cmath>
-#include <random>
 
 #include "orbit/sgp4/short_period.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {

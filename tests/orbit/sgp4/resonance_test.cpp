@@ -1,14 +1,8 @@
-#include <gtest/gtest.h>
 
-#include <algorithm>
-#include <cmath>
-#include <map>
-#include <random>
-#include <string>
-#include <vector>
 
 #include "orbit/sgp4/propagator.h"
 #include "tests/orbit/element_texts.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {

@@ -1,15 +1,9 @@
 // The published verification cases of the model (data/SOURCES.txt).
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <cmath>
-#include <sstream>
-#include <string>
-#include <vector>
 
 #include "orbit/sgp4/propagator.h"
 #include "platform/text_file.h"
 #include "tests/orbit/element_texts.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {

@@ -1,7 +1,4 @@
 // Sun, moon and nutation against the worked examples of Meeus, "Astronomical Algorithms", 2nd ed. (1998).
-#include <gtest/gtest.h>
-
-#include <cmath>
 
 #include "orbit/elements/element_set.h"
 #include "orbit/sky/moon.h"
@@ -9,6 +6,7 @@
 #include "orbit/sky/sky_body.h"
 #include "orbit/sky/sun.h"
 #include "orbit/sky/time_scales.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {

@@ -1,12 +1,10 @@
 #include "orbit/sky/sky_body.h"
 
-#include <cmath>
-#include <string>
-
 #include "orbit/sky/nutation.h"
 #include "orbit/sky/sun.h"
 #include "orbit/sky/time_scales.h"
 #include "tests/orbit/engine_test.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {

@@ -10,8 +10,6 @@
 #include <QScrollBar>
 #include <QStackedWidget>
 #include <QTreeView>
-#include <map>
-#include <memory>
 
 #include "catalogue/favourites.h"
 #include "catalogue/groups.h"
@@ -21,12 +19,11 @@
 #include "passes/ui/pass_prediction_window.h"
 #include "passes/ui/pass_wizard_window.h"
 #include "tests/support/fake_window.h"
+#include "tests/support/testing.h"
 #include "tests/support_qt/window_test.h"
 
 namespace vantrace {
 namespace {
-
-using Names = std::vector<std::string>;
 
 class PassWindowsTest : public ::testing::Test {
   protected:
@@ -78,9 +75,9 @@ class PassWindowsTest : public ::testing::Test {
         auto* const view = childOf<QListView>(window, list);
         view->setCurrentIndex(view->model()->index(row, 0));
     }
-    static Names entries(QWidget* window, const char* list) {
+    static Texts entries(QWidget* window, const char* list) {
         const auto* const model = childOf<QListView>(window, list)->model();
-        Names texts;
+        Texts texts;
         for (int row = 0; row < model->rowCount(); ++row) {
             texts.push_back(model->index(row, 0).data().toString().toStdString());
         }
@@ -171,11 +168,11 @@ TEST_F(PassWindowsTest, SaysWhatItsControlsAreFor) {
                          {"BUTeditjob", "Edit Selected Job"},
                          {"PresetDelete", "Delete Selected Job"}});
     const auto* const model = childOf<QTreeView>(window, "LISTpasses")->model();
-    Names headings;
+    Texts headings;
     for (int column = 0; column < model->columnCount(); ++column) {
         headings.push_back(model->headerData(column, Qt::Horizontal).toString().toStdString());
     }
-    EXPECT_EQ(headings, (Names{"Satellite", "Date", "Time", "Start AZ", "Max Elevation", "Duration", "End Az",
+    EXPECT_EQ(headings, (Texts{"Satellite", "Date", "Time", "Start AZ", "Max Elevation", "Duration", "End Az",
                                "Sunlit", "Visible"}));
     click(window, "PresetAdd");
     expectTexts(windowOnScreen<PassWizard>(), {{"CHsave", "Save Predictions to File"},
@@ -223,7 +220,7 @@ TEST_F(PassWindowsTest, WithoutAReadableFileOfJobsItOpensAndTells) {
 
 TEST_F(PassWindowsTest, RunsAJobSortsSavesAndPrints) {
     PassPrediction* const window = open();
-    EXPECT_EQ(entries(window, "ListPresets"), (Names{"Radio", "Other"}));
+    EXPECT_EQ(entries(window, "ListPresets"), (Texts{"Radio", "Other"}));
     fakes.dialogs.chosen = fakes.folder.path() / "out.txt";
     select(window, "ListPresets", 0);
     click(window, "PresetGo");
@@ -266,9 +263,9 @@ TEST_F(PassWindowsTest, AJobIsEditedInTheWizardAndComesBackAtTheEnd) {
     EXPECT_EQ(textOf(wizard, "Tnumofdays"), "2");
     EXPECT_TRUE(childOf<QCheckBox>(wizard, "CHsave")->isChecked());
     EXPECT_FALSE(childOf<QCheckBox>(wizard, "CHprint")->isChecked());
-    EXPECT_EQ(entries(wizard, "SatList"), (Names{"ISS (ZARYA)", "OSCAR 7 (AO-7)"}));
-    EXPECT_EQ(entries(window, "ListPresets"), Names{"Other"});
-    EXPECT_EQ(jobNames(fakes.folder.read("pass.dat")), Names{"Other"});
+    EXPECT_EQ(entries(wizard, "SatList"), (Texts{"ISS (ZARYA)", "OSCAR 7 (AO-7)"}));
+    EXPECT_EQ(entries(window, "ListPresets"), Texts{"Other"});
+    EXPECT_EQ(jobNames(fakes.folder.read("pass.dat")), Texts{"Other"});
 
     pick(wizard, "COMgroup", "Space Stations");
     pick(wizard, "COMsatname", "CSS (TIANHE)");
@@ -280,7 +277,7 @@ TEST_F(PassWindowsTest, AJobIsEditedInTheWizardAndComesBackAtTheEnd) {
     click(wizard, "BUTSaveJob");
     QTest::qWait(1);
     EXPECT_EQ(windowOnScreen<PassWizard>(), nullptr);
-    EXPECT_EQ(entries(window, "ListPresets"), (Names{"Other", "Radio 2"}));
+    EXPECT_EQ(entries(window, "ListPresets"), (Texts{"Other", "Radio 2"}));
     EXPECT_TRUE(fakes.folder.read("pass.dat")
                     .ends_with("Radio 2\r\nOSCAR 7 (AO-7);\r\nCSS (TIANHE);\r\n2\r\n1\r\n0\r\n"));
 }
@@ -291,9 +288,9 @@ TEST_F(PassWindowsTest, ASecondJobIsEditedOnlyWhenTheFirstIsGivenUp) {
     click(window, "BUTeditjob");
     select(window, "ListPresets", 0);
     click(window, "BUTeditjob");
-    EXPECT_EQ(fakes.dialogs.titles, Names{"Cancel Job"});
+    EXPECT_EQ(fakes.dialogs.titles, Texts{"Cancel Job"});
     EXPECT_EQ(textOf(windowOnScreen<PassWizard>(), "Tname"), "Radio");
-    EXPECT_EQ(jobNames(fakes.folder.read("pass.dat")), Names{"Other"});
+    EXPECT_EQ(jobNames(fakes.folder.read("pass.dat")), Texts{"Other"});
     fakes.dialogs.saysYes = true;
     click(window, "BUTeditjob");
     QTest::qWait(1);
@@ -312,7 +309,7 @@ TEST_F(PassWindowsTest, TheWizardOutlivesItsParentAndAsksBeforeItGoes) {
     ASSERT_FALSE(fakes.windows.isLoaded("PassPrediction"));
     wizard->close();
     QTest::keyClick(wizard, Qt::Key_Escape);
-    EXPECT_EQ(fakes.dialogs.titles, Names(2, "Cancel Job"));
+    EXPECT_EQ(fakes.dialogs.titles, Texts(2, "Cancel Job"));
     ASSERT_NE(windowOnScreen<PassWizard>(), nullptr);
 
     QTest::keyClicks(childOf<QLineEdit>(wizard, "Tname"), "Late");
@@ -324,7 +321,7 @@ TEST_F(PassWindowsTest, TheWizardOutlivesItsParentAndAsksBeforeItGoes) {
     QTest::qWait(1);
     EXPECT_EQ(windowOnScreen<PassWizard>(), nullptr);
     EXPECT_FALSE(fakes.windows.isLoaded("PassPrediction")) << "no window is made for the item";
-    EXPECT_EQ(jobNames(fakes.folder.read("pass.dat")), (Names{"Radio", "Other", "Late"}));
+    EXPECT_EQ(jobNames(fakes.folder.read("pass.dat")), (Texts{"Radio", "Other", "Late"}));
     fakes.dialogs.saysYes = true;
     fakes.windows.show("PassWizard");
     click(windowOnScreen<PassWizard>(), "BUTcancel");

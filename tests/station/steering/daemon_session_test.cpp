@@ -1,11 +1,9 @@
-#include <gtest/gtest.h>
 
 #include "tests/station/steering/fake_daemons.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {
-
-using Texts = std::vector<std::string>;
 
 class DaemonSessionTest : public ::testing::Test {
   protected:

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "station/steering/daemon_session.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 
@@ -20,13 +21,13 @@ class FakeTransport final : public DaemonTransport {
 
     int connects = 0;
     int drops = 0;
-    std::vector<std::string> sent;
+    Texts sent;
 };
 
 /// A session with a daemon at its other end.
 class FakeDaemon {
   public:
-    explicit FakeDaemon(std::string name, std::vector<std::string>& told)
+    explicit FakeDaemon(std::string name, Texts& told)
         : session(std::move(name), transport, [&told](std::string_view text) { told.emplace_back(text); }) {}
     virtual ~FakeDaemon() = default;
 
@@ -44,8 +45,8 @@ class FakeDaemon {
         }
     }
     /// The commands of one kind: "+P".
-    std::vector<std::string> of(std::string_view kind) const {
-        std::vector<std::string> found;
+    Texts of(std::string_view kind) const {
+        Texts found;
         for (const std::string& command : commands) {
             if (command.starts_with(std::string(kind) + " ") || command == kind) found.push_back(command);
         }
@@ -54,7 +55,7 @@ class FakeDaemon {
 
     FakeTransport transport;
     DaemonSession session;
-    std::vector<std::string> commands;
+    Texts commands;
     /// What is answered to a command, or to all of a kind, in place of the usual.
     std::map<std::string, std::string, std::less<>> answers;
 

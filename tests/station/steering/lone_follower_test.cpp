@@ -1,6 +1,6 @@
 #include "station/steering/lone_follower.h"
 
-#include <gtest/gtest.h>
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {

@@ -1,15 +1,11 @@
 #include "station/steering/radio_control.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-
 #include "tests/station/steering/fake_daemons.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {
 
-using Texts = std::vector<std::string>;
 using Use = RadioControl::Use;
 
 class RadioControlTest : public ::testing::Test {

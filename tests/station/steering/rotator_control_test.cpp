@@ -1,15 +1,10 @@
 #include "station/steering/rotator_control.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-
 #include "tests/station/steering/fake_daemons.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {
-
-using Texts = std::vector<std::string>;
 
 class RotatorControlTest : public ::testing::Test {
   protected:

@@ -7,6 +7,7 @@
 #include "station/steering/steering.h"
 #include "tests/station/steering/fake_daemons.h"
 #include "tests/station/steering/steering_sky.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 

@@ -1,14 +1,10 @@
 // Passes of real satellites for the tests of the steering.
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include <string>
-#include <vector>
-
 #include "orbit/elements/element_catalogue.h"
 #include "orbit/orbit_engine.h"
 #include "station/steering/coming_pass.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 

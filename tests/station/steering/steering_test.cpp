@@ -1,4 +1,5 @@
 #include "tests/station/steering/steering_fixture.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {

@@ -1,6 +1,6 @@
 #include "station/steering/tracking_line.h"
 
-#include <gtest/gtest.h>
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {

@@ -4,11 +4,11 @@
 #include <QComboBox>
 #include <QLineEdit>
 #include <QPushButton>
-#include <memory>
 
 #include "core/program_state.h"
 #include "orbit/orbit_engine.h"
 #include "tests/station/tracker_test.h"
+#include "tests/support/testing.h"
 #include "tests/support_qt/window_test.h"
 
 namespace vantrace {

@@ -9,7 +9,9 @@
 #include "core/shell/ui/information_windows.h"
 #include "core/shell/ui/main_window.h"
 #include "core/shell/ui/tabular_window.h"
+#include "core/version.h"
 #include "tests/support/fake_window.h"
+#include "tests/support/testing.h"
 #include "tests/support_qt/window_test.h"
 
 namespace vantrace {
@@ -63,7 +65,7 @@ TEST_F(ShellWindowsTest, TheSplashGivesWayToMain) {
     splash.load();
     splash.show();
     settle();
-    EXPECT_EQ(textOf(&splash, "lblVersion"), "Version " + versionText());
+    EXPECT_EQ(textOf(&splash, "lblVersion"), "Version " + std::string(shortVersion));
     savePicture(splash, "splash");
 }
 
@@ -73,8 +75,8 @@ TEST_F(ShellWindowsTest, MainShowsTheStateOfElementsPlaceAndSun) {
     Main* const main = windowOnScreen<Main>();
     ASSERT_NE(main, nullptr);
     tick(main, "Timer1");
-    EXPECT_EQ(main->windowTitle().toStdString(), "Vantrace v" + versionText());
-    EXPECT_EQ(textOf(main, "Label2"), "v" + versionText());
+    EXPECT_EQ(main->windowTitle().toStdString(), "Vantrace v" + std::string(shortVersion));
+    EXPECT_EQ(textOf(main, "Label2"), "v" + std::string(shortVersion));
     EXPECT_EQ(textOf(main, "Status3"), "Current Location settings are: Vienna");
     EXPECT_EQ(textOf(main, "LABdatetime"), "UTC: 10:30:00 - Local: 12:30:00");
     EXPECT_NE(textOf(main, "lblSunRiseSet"), "");
@@ -138,11 +140,11 @@ TEST_F(ShellWindowsTest, AboutTellsTheVersionAndCloses) {
     choose("Mabout");
     About* const about = windowOnScreen<About>();
     ASSERT_NE(about, nullptr);
-    EXPECT_EQ(textOf(about, "lblVersion"), "Version " + versionText());
+    EXPECT_EQ(textOf(about, "lblVersion"), "Version " + std::string(shortVersion));
     EXPECT_NE(windowOnScreen<Main>(), nullptr) << "beside Main";
     savePicture(*about, "about");
     QTest::mouseClick(childOf<QPushButton>(about, "BUTsysinfo"), Qt::LeftButton);
-    EXPECT_EQ(fakes.desktop.opened, std::vector<std::string>{"system information"});
+    EXPECT_EQ(fakes.desktop.opened, Texts{"system information"});
     QTest::keyClick(about, Qt::Key_Escape);
     settle();
     EXPECT_EQ(windowOnScreen<About>(), nullptr);
@@ -170,7 +172,7 @@ TEST_F(ShellWindowsTest, EveryEntryHasItsShortcutOnceAndItsMnemonicOnceInItsMenu
 
 TEST_F(ShellWindowsTest, EveryEntryCanBeChosenOneAfterTheOther) {
     start();
-    std::vector<std::string> entries;
+    Texts entries;
     for (const QAction* const action : windowOnScreen<Main>()->findChildren<QAction*>()) {
         const std::string name = action->objectName().toStdString();
         if (!name.empty() && action->menu() == nullptr && name != "Mexit") entries.push_back(name);
@@ -189,7 +191,7 @@ TEST_F(ShellWindowsTest, EveryEntryCanBeChosenOneAfterTheOther) {
 TEST_F(ShellWindowsTest, AHandlerThatFailsTellsAndTheProgramLives) {
     start();
     fakes.host.handle("Tabular", [] { throw std::runtime_error("out of paper"); });
-    EXPECT_EQ(fakes.dialogs.messages, std::vector<std::string>{"out of paper"});
+    EXPECT_EQ(fakes.dialogs.messages, Texts{"out of paper"});
     EXPECT_EQ(fakes.logged("Tabular"), 1);
     EXPECT_NE(windowOnScreen<Main>(), nullptr);
 }

@@ -1,9 +1,9 @@
-#include "app/console.h"
+#include "app/program/console.h"
 
 #include <string>
 
-#include "app/output/printable.h"
-#include "app/program_name.h"
+#include "app/program/printable.h"
+#include "app/program/program_name.h"
 
 namespace vantrace {
 

@@ -1,11 +1,11 @@
-#include "app/site.h"
+#include "app/program/site.h"
 
 #include <cmath>
 #include <optional>
 #include <vector>
 
-#include "app/arguments.h"
-#include "app/output/column.h"
+#include "app/program/arguments.h"
+#include "app/program/figure_text.h"
 #include "core/config.h"
 #include "core/numbers.h"
 #include "core/services.h"

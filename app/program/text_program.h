@@ -6,8 +6,8 @@
 #include <optional>
 #include <string>
 
-#include "app/console.h"
-#include "app/site.h"
+#include "app/program/console.h"
+#include "app/program/site.h"
 #include "core/program_state.h"
 #include "core/services.h"
 #include "orbit/instant.h"
@@ -27,11 +27,11 @@ struct Surroundings {
     ProgramFolderRequest folder;
 };
 
-class Composition {
+class TextProgram {
   public:
     /// Reads the element files of the program folder, or of the folder named. Writes nothing there. Throws
     /// UserError where there is no such folder.
-    Composition(Surroundings& surroundings, Console& console, const std::optional<std::string>& namedFolder);
+    TextProgram(Surroundings& surroundings, Console& console, const std::optional<std::string>& namedFolder);
 
     ProgramState& state() { return m_state; }
     Services& services() { return m_services; }

@@ -1,4 +1,4 @@
-#include "app/descriptor.h"
+#include "app/program/descriptor.h"
 
 #include <fcntl.h>
 #include <poll.h>

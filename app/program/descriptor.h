@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <streambuf>
 
-#include "app/console.h"
+#include "app/program/console.h"
 
 namespace vantrace {
 

@@ -1,9 +1,9 @@
-#include "app/arguments.h"
+#include "app/program/arguments.h"
 
 #include <charconv>
 #include <cmath>
 
-#include "app/output/column.h"
+#include "app/program/figure_text.h"
 #include "core/texts.h"
 
 namespace vantrace {

@@ -1,6 +1,6 @@
-#include "app/composition.h"
+#include "app/program/text_program.h"
 
-#include "app/arguments.h"
+#include "app/program/arguments.h"
 #include "orbit/engine_error.h"
 
 namespace vantrace {
@@ -19,7 +19,7 @@ std::string folderOf(const Surroundings& surroundings, const std::optional<std::
 
 }  // namespace
 
-Composition::Composition(Surroundings& surroundings, Console& console,
+TextProgram::TextProgram(Surroundings& surroundings, Console& console,
                          const std::optional<std::string>& namedFolder)
     : m_console(console),
       m_dialogs(console.err),
@@ -39,7 +39,7 @@ Composition::Composition(Surroundings& surroundings, Console& console,
     }
 }
 
-Instant Composition::now() const {
+Instant TextProgram::now() const {
     constexpr double microsecond = 1e-6;
     const ClockReading reading = m_services.clock.read();
     return instantFromCalendar({reading.utc.year, reading.utc.month, reading.utc.day, reading.utc.hour,
@@ -47,7 +47,7 @@ Instant Composition::now() const {
                                 reading.utc.second + microsecond * reading.utcMicroseconds});
 }
 
-void Composition::setSite(const Site& site) {
+void TextProgram::setSite(const Site& site) {
     m_site = site;
     m_state.ObserverName = site.name;
     m_state.ObserverLatitude = site.latitudeDeg;

@@ -1,4 +1,4 @@
-#include "app/output/printable.h"
+#include "app/program/printable.h"
 
 #include <algorithm>
 #include <cstdint>

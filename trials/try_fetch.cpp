@@ -35,7 +35,7 @@ constexpr int groups = 30;
 
 /// The real sets of a group, in one order or the other, so that two editions differ everywhere.
 std::string threeLines(int group, int edition) {
-    static const std::string all = readTextFile(std::string(VANTRACE_DATA_FOLDER) + "/geo.txt", 1 << 20);
+    static const std::string all = readTextFile(std::string(VANTRACE_SHIPPED_FOLDER) + "/geo.txt", 1 << 20);
     const std::vector<std::string_view> lines = splitLines(all);
     std::string text;
     for (std::size_t i = 0; i + 2 < lines.size(); i += 3) {
