@@ -29,7 +29,7 @@ std::string likeNames(const ElementCatalogue& catalogue, std::string_view wanted
 
 std::string nameOf(const CommandContext& context, std::string_view argument, bool skyBodiesToo) {
     const ElementCatalogue& catalogue = context.engine().catalogue();
-    const std::string name(trimmed(argument));
+    std::string name(trimmed(argument));
     const bool isBody = skyBodyOf(name).has_value();
     if (isBody && !skyBodiesToo) throw UserError(inQuotes(name) + " is no satellite");
     if (!isBody && catalogue.find(name) == nullptr) {
