@@ -14,9 +14,8 @@ class Clock;
 ///
 /// - It starts behind "istance to" of its heading. A page without that throws.
 /// - The first "<TD>" cell of 7 or more characters (of UTF-8) ends it. Where no further "<TD>" comes the
-/// search has gone
-///   wrong in a way that is kept: it goes on at the page's fourth character, and the text up to the next "<"
-///   is taken for a cell.
+///   search has gone wrong in a way that is kept: it goes on at the page's fourth character, and the text up
+///   to the next "<" is taken for a cell.
 /// - A page that ends between two cells of a row leaves the row as far as it was filled. One that ends within
 ///   a cell throws.
 /// - Behind a cell's tag that nobody closes, its text is taken from the start of the page.

@@ -21,9 +21,8 @@ struct DaytimeReply {
 };
 
 /// Reads the first line that isn't blank. Understood are, with names in English and any case:
-///   60271 23-11-23 06:18:38 00 0 0 895.3 UTC(NIST) *     of NIST's servers: UTC, the number before "UTC"
-///   being
-///                                                        the milliseconds by which the text is ahead
+///   60271 23-11-23 06:18:38 00 0 0 895.3 UTC(NIST) *     of NIST's servers: UTC, and before that the
+///                                                        milliseconds by which the text is ahead
 ///   Thursday, November 23, 2023 06:18:38-UTC             RFC 867
 ///   23 NOV 23 06:18:38 PST                               RFC 867
 ///   Thu Nov 23 06:18:38 2023, Thu Nov 23 06:18:38 CET 2023     of Unix machines

@@ -1,7 +1,6 @@
 // Fetches for scripts/try-fetch, with all that the tracker fetches with:
 //   serve FOLDER            is an element server with 30 groups, each in two editions that take turns; tells
-//   its
-//                           port, and lays both editions, as they should arrive, into the folder
+//                           its port, and lays both editions, as they should arrive, into the folder
 //   update FOLDER           fetches the 30 groups into the program folder, by the server of its hosts.dat
 //   fetch URL FILE [HOST PORT USER PASSWORD]
 //                           fetches one file, by a proxy where one is named; tells what went wrong

@@ -1,3 +1,4 @@
+// The name of the text program, which its messages begin with.
 #pragma once
 
 #include <string_view>

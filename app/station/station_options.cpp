@@ -22,8 +22,7 @@ std::vector<OptionSyntax> optionSyntax() {
     return {
         {"line", "PLACE",
          std::string("where the tracker tells its line: HOST:PORT, the path of a local socket, or ") +
-             "\"local\" for the one "
-             "in $XDG_RUNTIME_DIR (else: 127.0.0.1:" +
+             "\"local\" for the one in $XDG_RUNTIME_DIR (else: 127.0.0.1:" +
              std::to_string(trackingLinePort) + ")"},
         {"rotator", "HOST:PORT", "the rotator's daemon, rotctld, or \"none\" (else: 127.0.0.1:4533)"},
         {"radio", "HOST:PORT",

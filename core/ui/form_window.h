@@ -23,8 +23,7 @@ struct Skin;
 
 /// A window holds a plain struct of what it shows. After each handler and before each yield the struct goes
 /// to the controls (`writeControls`); before each handler and after each yield what the user changed comes
-/// back
-/// (`readControls`). The handlers themselves are routines without Qt.
+/// back (`readControls`). The handlers themselves are routines without Qt.
 class FormWindow : public QMainWindow, public RegisteredWindow {
   public:
     void load() final;
