@@ -12,6 +12,7 @@
 #include "app/cli.h"
 #include "app/output/row_writer.h"
 #include "app/program/descriptor.h"
+#include "app/program/unsaved_settings.h"
 #include "platform/file_settings_store.h"
 #include "platform/system_clock.h"
 #include "platform/user_environment.h"
@@ -23,7 +24,9 @@ using namespace vantrace;
 int runOnMachine(const std::vector<std::string>& arguments, Console& console) {
     SystemClock clock;
     const UserEnvironment user = userEnvironment();
-    FileSettingsStore settings(settingsPath(user));
+    FileSettingsStore stored(settingsPath(user));
+    // Reading stores defaults: those are the tracker's to store, who knows a first start by what isn't there.
+    UnsavedSettings settings(stored);
     Surroundings surroundings{
         clock, settings, machineFormatFromEnvironment(), {executablePath(), user, std::nullopt}};
     return runProgram(arguments, surroundings, console);

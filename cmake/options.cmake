@@ -10,7 +10,10 @@ target_compile_options(vantrace_options INTERFACE
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
   # GCC 12 sees overlaps in std::string sums that aren't there (its bug 105651); with precompiled headers it
   # sees strings and vectors overflow in the same way.
-  target_compile_options(vantrace_options INTERFACE -Wno-restrict -Wno-array-bounds -Wno-stringop-overflow)
+  target_compile_options(vantrace_options INTERFACE -Wno-restrict)
+  if(NOT CMAKE_DISABLE_PRECOMPILE_HEADERS)
+    target_compile_options(vantrace_options INTERFACE -Wno-array-bounds -Wno-stringop-overflow)
+  endif()
 endif()
 if(VANTRACE_WERROR)
   target_compile_options(vantrace_options INTERFACE -Werror)

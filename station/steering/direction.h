@@ -58,14 +58,12 @@ inline double nearestTurn(double azimuthDeg, double toDeg) {
     return toDeg + std::remainder(azimuthDeg - toDeg, wholeTurnDeg);
 }
 
-/// The nearest position that the rotator can take, by whole turns if that leads within its azimuths.
+/// The same, but for an azimuth beyond the limits that may be so many whole turns more or less.
 inline RotatorPosition turnedWithin(const RotatorLimits& limits, RotatorPosition position) {
     const double middle = (limits.azimuthLeastDeg + limits.azimuthMostDeg) / 2.0;
-    const double turned = nearestTurn(position.azimuthDeg, middle);
     const bool isWithin =
         position.azimuthDeg >= limits.azimuthLeastDeg && position.azimuthDeg <= limits.azimuthMostDeg;
-    const bool isTurnedWithin = turned >= limits.azimuthLeastDeg && turned <= limits.azimuthMostDeg;
-    if (!isWithin && isTurnedWithin) position.azimuthDeg = turned;
+    if (!isWithin) position.azimuthDeg = nearestTurn(position.azimuthDeg, middle);
     return within(limits, position);
 }
 

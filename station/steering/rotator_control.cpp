@@ -143,6 +143,8 @@ void RotatorControl::takeLimits(const DaemonReply& reply) {
     if (!makesSense || m_limitsOfDaemon == limits) return;
     m_limitsOfDaemon = limits;
     m_goesBelowZero = false;
+    m_showsOneCircle = false;
+    m_lastAzimuthDeg.reset();
     m_limits = limits;
     if (onLimits) onLimits();
 }
@@ -151,21 +153,32 @@ void RotatorControl::takePosition(const DaemonReply& reply) {
     const std::optional<double> azimuth = number(reply, "Azimuth");
     const std::optional<double> elevation = number(reply, "Elevation");
     if (reply.code != 0 || !azimuth || !elevation) return;
-    const std::optional<RotatorPosition> before =
-        std::exchange(m_present, RotatorPosition{*azimuth, *elevation});
-    watchAzimuthsBelowZero(before, m_now - std::exchange(m_presentSince, m_now));
+    m_present = RotatorPosition{unwrapped(*azimuth), *elevation};
+    watchAzimuthsBelowZero();
+}
+
+/// Some rotators go beyond a circle but show what they'd be within it: then they seem to be a whole turn away
+/// at once, where they were sent beyond it.
+double RotatorControl::unwrapped(double shownDeg) {
+    const double since = m_now - std::exchange(m_shownSince, m_now);
+    const bool isSentBeyond =
+        m_told && (m_told->azimuthDeg < -limitSlackDeg || m_told->azimuthDeg > wholeTurnDeg + limitSlackDeg);
+    if (isSentBeyond && m_lastAzimuthDeg && since < 2.0 * questionSeconds &&
+        std::abs(shownDeg - *m_lastAzimuthDeg) > wholeTurnDeg / 2.0) {
+        m_showsOneCircle = true;
+    }
+    const double azimuth =
+        m_showsOneCircle && m_lastAzimuthDeg ? nearestTurn(shownDeg, *m_lastAzimuthDeg) : shownDeg;
+    m_lastAzimuthDeg = azimuth;
+    return azimuth;
 }
 
 /// A rotator that goes to a whole turn above what it was told, and stays there, has no azimuths below 0,
-/// whatever its driver says. One that is there at once has them, and shows them so.
-void RotatorControl::watchAzimuthsBelowZero(const std::optional<RotatorPosition>& before,
-                                            double secondsBetween) {
-    const bool isSentBelowZero = m_told && m_told->azimuthDeg < -limitSlackDeg;
-    const bool isThereAtOnce = isSentBelowZero && before && secondsBetween < 2.0 * questionSeconds &&
-                               m_present->azimuthDeg - before->azimuthDeg > wholeTurnDeg / 2.0;
-    if (m_present->azimuthDeg < -limitSlackDeg || isThereAtOnce) m_goesBelowZero = true;
-    const bool isTurnAbove =
-        isSentBelowZero && std::abs(m_present->azimuthDeg - m_told->azimuthDeg - wholeTurnDeg) <= standsDeg;
+/// whatever its driver says.
+void RotatorControl::watchAzimuthsBelowZero() {
+    if (m_present->azimuthDeg < -limitSlackDeg) m_goesBelowZero = true;
+    const bool isTurnAbove = m_told && m_told->azimuthDeg < -limitSlackDeg &&
+                             std::abs(m_present->azimuthDeg - m_told->azimuthDeg - wholeTurnDeg) <= standsDeg;
     m_timesTurnAbove = isTurnAbove ? m_timesTurnAbove + 1 : 0;
     if (m_timesTurnAbove < standsTimes || !m_limits || !limitsInForce) return;
     if (!limitsInForce().isBelowZeroDoubtful) return;

@@ -32,7 +32,7 @@ class RotatorControl {
     /// stands, whatever it had to say.
     bool isReady() const;
 
-    /// Where it said that it stands; nothing before it has said so.
+    /// Where it said that it stands, on the turn where it must be; nothing before it has said so.
     const std::optional<RotatorPosition>& present() const { return m_present; }
     /// The limits that the daemon tells, but from 0 on where azimuths below it turned out to be none; nothing
     /// before it has.
@@ -55,7 +55,8 @@ class RotatorControl {
     void askForPosition();
     void takeLimits(const DaemonReply& reply);
     void takePosition(const DaemonReply& reply);
-    void watchAzimuthsBelowZero(const std::optional<RotatorPosition>& before, double secondsBetween);
+    double unwrapped(double shownDeg);
+    void watchAzimuthsBelowZero();
     void tellRefusal(const std::string& command, int code);
 
     DaemonSession& m_session;
@@ -75,7 +76,10 @@ class RotatorControl {
     std::optional<RotatorPosition> m_restingPlace;
     int m_refusal = 0;
     double m_now = 0.0;
-    double m_presentSince = 0.0;
+    /// Where it stood last, also if its daemon has gone since, and when that was told.
+    std::optional<double> m_lastAzimuthDeg;
+    double m_shownSince = 0.0;
+    bool m_showsOneCircle = false;
     double m_nextQuestion = 0.0;
 };
 

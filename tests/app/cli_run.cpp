@@ -1,15 +1,11 @@
 #include "tests/app/cli_run.h"
 
-#include <algorithm>
 #include <cstdlib>
-#include <sstream>
 
 #include "app/cli.h"
 #include "platform/text_file.h"
-#include "tests/support/testing.h"
 
 namespace vantrace {
-
 namespace {
 
 class TextSource final : public ByteSource {
@@ -74,6 +70,20 @@ std::vector<double> csvFigures(const CliResult& result, std::string_view name) {
     return figures;
 }
 
+Texts wordsOf(std::string_view command) {
+    Texts words;
+    bool isQuoted = false;
+    bool isInWord = false;
+    for (const char sign : command) {
+        if (sign == '"') isQuoted = !isQuoted;
+        const bool isPart = sign != ' ' || isQuoted;
+        if (isPart && !isInWord) words.emplace_back();
+        if (isPart && sign != '"') words.back() += sign;
+        isInWord = isPart;
+    }
+    return words;
+}
+
 CliTest::CliTest() {
     fakes.clock.setUtc({2026, 8, 21, 20, 0, 0}, 120);
     folder.write("stations.txt", issElements);
@@ -102,6 +112,15 @@ CliResult CliTest::run(Texts arguments, std::string_view input) {
     if (!isGiven("--data")) arguments.insert(arguments.end(), {"--data", folder.path().string()});
     if (!isGiven("--site")) arguments.insert(arguments.end(), {"--site", site});
     return runBare(arguments, input);
+}
+
+void CliTest::expectFailure(int status, const Texts& arguments, const Texts& parts) {
+    const CliResult result = run(arguments);
+    SCOPED_TRACE(::testing::PrintToString(arguments) + "\n" + result.err);
+    EXPECT_EQ(result.status, status);
+    EXPECT_EQ(result.out, "");
+    EXPECT_FALSE(result.err.empty());
+    for (const std::string& part : parts) EXPECT_NE(result.err.find(part), std::string::npos) << part;
 }
 
 CliResult CliTest::runCsv(Texts arguments, std::string_view input) {

@@ -28,7 +28,7 @@ struct CliResult {
     Texts lines() const;
 };
 
-using CsvRow = std::vector<std::string>;
+using CsvRow = Texts;
 
 /// The records of RFC 4180; the heading is the first.
 std::vector<CsvRow> csvRows(std::string_view text);
@@ -36,6 +36,9 @@ std::vector<CsvRow> csvRows(std::string_view text);
 /// A column of all records but the heading.
 Texts csvColumn(const CliResult& result, std::string_view name);
 std::vector<double> csvFigures(const CliResult& result, std::string_view name);
+
+/// The words of a command as a shell takes them: blanks between, some of them in double quotes.
+Texts wordsOf(std::string_view command);
 
 /// It is 2026-08-21 20:00 UTC, 22:00 local time.
 class CliTest : public ::testing::Test {
@@ -48,6 +51,9 @@ class CliTest : public ::testing::Test {
     CliResult runCsv(Texts arguments, std::string_view input = {});
     /// Runs with just these arguments.
     CliResult runBare(const Texts& arguments, std::string_view input = {});
+
+    /// The same, for one that ends with this status and without output, and tells all these parts.
+    void expectFailure(int status, const Texts& arguments, const Texts& parts);
 
     TestServices fakes;
     TemporaryFolder folder;

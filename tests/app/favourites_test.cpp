@@ -1,9 +1,6 @@
-
 #include "tests/app/cli_run.h"
-#include "tests/support/testing.h"
 
 namespace vantrace {
-
 namespace {
 
 using FavouritesTest = CliTest;
@@ -37,12 +34,8 @@ TEST_F(FavouritesTest, UnknownOnesAreToldAndTheFileStaysAsItIs) {
     for (const char* name : {"\"GONE SAT\"", "\"ZARYA\""})
         EXPECT_NE(result.err.find(name), std::string::npos);
     EXPECT_EQ(folder.read("faves.dat"), lines);
-}
-
-TEST_F(FavouritesTest, WithoutTheirFileThereIsAUserError) {
-    const CliResult result = runCsv({"favourites"});
-    EXPECT_EQ(result.status, 2);
-    EXPECT_NE(result.err.find("faves.dat"), std::string::npos) << result.err;
+    std::filesystem::remove(folder.path() / "faves.dat");
+    expectFailure(2, {"favourites", "--format=csv"}, {"faves.dat"});
 }
 
 TEST_F(TodayTest, ShowsSiteSkyAndPassesInTimeOrder) {
@@ -66,14 +59,10 @@ TEST_F(TodayTest, ShowsSiteSkyAndPassesInTimeOrder) {
     const CliResult iss = runCsv({"passes", "ISS (ZARYA)", "--days", "1", "--site", "40,-75,10"});
     EXPECT_GT(rises.size(), iss.lines().size() - 1);
     EXPECT_TRUE(std::ranges::is_sorted(rises)) << result.out;
-}
-
-TEST_F(TodayTest, IsTextAlone) {
     folder.write("faves.dat", "");
-    EXPECT_EQ(runCsv({"today"}).status, 2);
+    expectFailure(2, {"today", "--format=csv"}, {});
     EXPECT_EQ(run({"today"}).status, 0);
 }
 
 }  // namespace
-
 }  // namespace vantrace

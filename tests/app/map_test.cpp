@@ -5,10 +5,8 @@
 #include "platform/qt/qt_pictures.h"
 #include "tests/app/cli_run.h"
 #include "tests/support/surface_pictures.h"
-#include "tests/support/testing.h"
 
 namespace vantrace {
-
 namespace {
 
 class MapCommandTest : public CliTest {
@@ -168,5 +166,4 @@ TEST(UnsavedSettings, NeverReachTheirStore) {
 }
 
 }  // namespace
-
 }  // namespace vantrace

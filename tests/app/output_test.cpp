@@ -1,13 +1,10 @@
-
 #include "app/output/row_writer.h"
 #include "app/program/figure_text.h"
 #include "app/program/printable.h"
 #include "platform/qt/json_text.h"
 #include "tests/app/cli_run.h"
-#include "tests/support/testing.h"
 
 namespace vantrace {
-
 namespace {
 
 constexpr std::array columns{
@@ -31,12 +28,15 @@ std::vector<Row> someRows() {
             {"", std::numeric_limits<double>::infinity(), false, "unreadable", 59.9, std::int64_t{-1}}};
 }
 
-TEST(RowWriter, QuotesCsvByItsStandard) {
+TEST(RowWriter, QuotesCsvByItsStandardAndTellsAStreamThatTakesNoMore) {
     EXPECT_EQ(written(Format::csv, someRows()),
               "text,figure,flag,time,length,hidden\n"
               "\"a,\"\"b\"\"\n\x1B\",-0.001,1,2026-08-22T00:00:00.0Z,3725,7\n"
               "plain,,,,,\n"
               ",,0,unreadable,59.9,-1\n");
+    std::ostringstream full;
+    full.setstate(std::ios::badbit);
+    EXPECT_THROW(makeRowWriter(Format::csv, columns, full)->add(someRows().front()), OutputFailure);
 }
 
 TEST(RowWriter, WritesJsonWithMembersInOrderAndNullForWhatIsMissing) {
@@ -84,27 +84,14 @@ TEST(ShortestText, ReadsBackAndHasNoExponentInCommonRanges) {
 }
 
 TEST(Printable, KeepsTextAndReplacesWhatSteersATerminal) {
-    EXPECT_EQ(printable("Z\xC3\xBCrich \xE2\x82\xAC \xF0\x9F\x9B\xB0"),
-              "Z\xC3\xBCrich \xE2\x82\xAC \xF0\x9F\x9B\xB0");
-    EXPECT_EQ(printable("\x1B[31m\t\r\n\x7F"), "?[31m????");
-    EXPECT_EQ(printable("\xC2\x9B"
-                        "2J"),
-              "?2J");
-    EXPECT_EQ(printable("\xE2\x80\xAE"
-                        "x"),
-              "?x");
-    EXPECT_EQ(printable("\xC3"), "?");
-    EXPECT_EQ(printable("\xC0\xAF\xED\xA0\x80\xF5"), "??????");
+    const std::string plain = "Z\xC3\xBCrich \xE2\x82\xAC \xF0\x9F\x9B\xB0";
+    const std::vector<std::pair<std::string, std::string>> cases{
+        {plain, plain},          {"\x1B[31m\t\r\n\x7F", "?[31m????"},
+        {"\xC2\x9B[2J", "?[2J"}, {"\xE2\x80\xAE!", "?!"},
+        {"\xC3", "?"},           {"\xC0\xAF\xED\xA0\x80\xF5", "??????"}};
+    for (const auto& [text, shown] : cases) EXPECT_EQ(printable(text), shown);
     EXPECT_EQ(displayWidth("Z\xC3\xBCrich"), 6U);
 }
 
-TEST(RowWriter, AStreamThatTakesNoMoreEndsTheCommand) {
-    std::ostringstream out;
-    const std::unique_ptr<RowWriter> writer = makeRowWriter(Format::csv, columns, out);
-    out.setstate(std::ios::badbit);
-    EXPECT_THROW(writer->add(someRows().front()), OutputFailure);
-}
-
 }  // namespace
-
 }  // namespace vantrace

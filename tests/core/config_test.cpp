@@ -3,18 +3,23 @@
 
 #include "core/core_services.h"
 #include "core/program_state.h"
+#include "core/skin.h"
 #include "tests/support/test_services.h"
 #include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {
 
-TEST(GetConfig, TheFirstReadMakesTheKey) {
+TEST(GetConfig, TheFirstReadMakesTheKeyWithItsDefault) {
     TestServices test;
     EXPECT_EQ(GetConfig(test.services, "MapUpdate", "2"), "2");
     EXPECT_EQ(test.settings.get("MapUpdate"), "2");
     EXPECT_EQ(GetConfig(test.services, "mapupdate", "9"), "2") << "the default of the first reader stays";
     EXPECT_EQ(test.settings.writes(), 1);
+    ProgramState state;
+    state.AppPath = "/opt/vantrace/";
+    EXPECT_EQ(GetConfig(state, test.services, settings::wxWavDir), "/opt/vantrace/");
+    EXPECT_EQ(test.settings.get("WxWavDir"), "/opt/vantrace/");
 }
 
 TEST(GetConfig, ABlankValueCannotSurvive) {
@@ -37,14 +42,6 @@ TEST(GetConfig, WhoeverAsksForTheProxyPortFirstFixesIt) {
     EXPECT_EQ(GetConfig(updatesFirst.services, settings::proxyPortForFlares), "1080");
 }
 
-TEST(GetConfig, RecordingsGoToTheProgramFolderByDefault) {
-    TestServices test;
-    ProgramState state;
-    state.AppPath = "/opt/vantrace/";
-    EXPECT_EQ(GetConfig(state, test.services, settings::wxWavDir), "/opt/vantrace/");
-    EXPECT_EQ(test.settings.get("WxWavDir"), "/opt/vantrace/");
-}
-
 TEST(Speak, IsSilentOnlyWhereSpeechpackIsZero) {
     TestServices test;
     Speak(test.services, "not heard");
@@ -65,6 +62,22 @@ TEST(YieldCycles, YieldsTwiceForEach) {
     YieldCycles(events, 0);
     YieldCycles(events, -1);
     EXPECT_EQ(events.yields, 200);
+}
+
+TEST(ApplySkin, GivesTheLookForOneAndChangesNothingOtherwise) {
+    TestServices test;
+    Skin skin;
+    ApplySkin(test.services, skin);
+    EXPECT_TRUE(skin.isApplied) << "the default";
+    SaveConfig(test.services, settings::skin, "0");
+    ApplySkin(test.services, skin);
+    EXPECT_TRUE(skin.isApplied) << "taken away only by remove";
+    skin.remove();
+    for (const char* const other : {"0", "2", "yes"}) {
+        SaveConfig(test.services, settings::skin, other);
+        ApplySkin(test.services, skin);
+        EXPECT_FALSE(skin.isApplied) << other;
+    }
 }
 
 }  // namespace

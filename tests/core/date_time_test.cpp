@@ -1,5 +1,6 @@
 #include "core/date_time.h"
 
+#include "core/date_reading.h"
 #include "tests/support/fake_clock.h"
 #include "tests/support/testing.h"
 
@@ -37,16 +38,18 @@ TEST(DateTime, AgreesWithTheCalendarInEveryYear) {
 }
 
 TEST(DateTime, CarriesPartsBeyondTheirRanges) {
-    EXPECT_EQ(carried({2024, 1, 32, 0, 0, 0}), (DateParts{2024, 2, 1, 0, 0, 0}));
-    EXPECT_EQ(carried({2024, 2, 30, 0, 0, 0}), (DateParts{2024, 3, 1, 0, 0, 0}));
-    EXPECT_EQ(carried({2024, 3, 0, 0, 0, 0}), (DateParts{2024, 2, 29, 0, 0, 0}));
-    EXPECT_EQ(carried({2023, 13, 1, 0, 0, 0}), (DateParts{2024, 1, 1, 0, 0, 0}));
-    EXPECT_EQ(carried({2024, 0, 1, 0, 0, 0}), (DateParts{2023, 12, 1, 0, 0, 0}));
-    EXPECT_EQ(carried({2024, -11, 1, 0, 0, 0}), (DateParts{2023, 1, 1, 0, 0, 0}));
-    EXPECT_EQ(carried({2023, 12, 31, 23, 59, 75}), (DateParts{2024, 1, 1, 0, 0, 15}));
-    EXPECT_EQ(carried({2023, 12, 31, 23, 60, 0}), (DateParts{2024, 1, 1, 0, 0, 0}));
-    EXPECT_EQ(carried({2024, 3, 1, 0, -1, 0}), (DateParts{2024, 2, 29, 23, 59, 0}));
-    EXPECT_EQ(carried({2024, 3, 1, 49, 0, -1}), (DateParts{2024, 3, 3, 0, 59, 59}));
+    const std::vector<std::pair<DateParts, DateParts>> cases{
+        {{2024, 1, 32, 0, 0, 0}, {2024, 2, 1, 0, 0, 0}},
+        {{2024, 2, 30, 0, 0, 0}, {2024, 3, 1, 0, 0, 0}},
+        {{2024, 3, 0, 0, 0, 0}, {2024, 2, 29, 0, 0, 0}},
+        {{2023, 13, 1, 0, 0, 0}, {2024, 1, 1, 0, 0, 0}},
+        {{2024, 0, 1, 0, 0, 0}, {2023, 12, 1, 0, 0, 0}},
+        {{2024, -11, 1, 0, 0, 0}, {2023, 1, 1, 0, 0, 0}},
+        {{2023, 12, 31, 23, 59, 75}, {2024, 1, 1, 0, 0, 15}},
+        {{2023, 12, 31, 23, 60, 0}, {2024, 1, 1, 0, 0, 0}},
+        {{2024, 3, 1, 0, -1, 0}, {2024, 2, 29, 23, 59, 0}},
+        {{2024, 3, 1, 49, 0, -1}, {2024, 3, 3, 0, 59, 59}}};
+    for (const auto& [parts, expected] : cases) EXPECT_EQ(carried(parts), expected);
 }
 
 TEST(DateTime, TakesPartsAfterRoundingToTheNearestSecond) {
@@ -84,7 +87,7 @@ TEST(Offset, IsWholeMinutesFromOneReading) {
     EXPECT_EQ(NowLocal(clock), packDateTime({2024, 3, 1, 1, 45, 0}));
 }
 
-TEST(Offset, TurnsLocalTimeToUtcAndBackToTheSecond) {
+TEST(Offset, TurnsLocalTimeToUtcAndBackToTheSecondAndItsFractions) {
     FakeClock clock;
     clock.setUtc({2024, 7, 1, 0, 0, 0}, 120);
     const double winter = packDateTime({2024, 1, 1, 0, 30, 0});
@@ -98,13 +101,47 @@ TEST(Offset, TurnsLocalTimeToUtcAndBackToTheSecond) {
             ASSERT_EQ(ToUTC(clock, local), utc);
         }
     }
+    clock.setUtc({2024, 7, 1, 0, 0, 0}, 60);
+    const double fraction = packDateTime({2024, 7, 1, 0, 0, 0}) + 0.3 / 86400;
+    EXPECT_NEAR((ToLocal(clock, fraction) - fraction) * 86400, 3600, 1e-5);
 }
 
-TEST(Offset, KeepsFractionsOfASecond) {
-    FakeClock clock;
-    clock.setUtc({2024, 7, 1, 0, 0, 0}, 60);
-    const double utc = packDateTime({2024, 7, 1, 0, 0, 0}) + 0.3 / 86400;
-    EXPECT_NEAR((ToLocal(clock, utc) - utc) * 86400, 3600, 1e-5);
+TEST(ReadMonthDay, TakesTheUsualEnglishForms) {
+    for (const char* text : {"05 JAN", "5 Jan", "Jan 5", "january 5", " 5-jan ", "5/Jan", "5Jan", "JAN5",
+                             "Jan. 5", "5\tJanuary"}) {
+        EXPECT_EQ(readMonthDay(text), (MonthDay{1, 5})) << text;
+    }
+    EXPECT_EQ(readMonthDay("30 Sept"), (MonthDay{9, 30}));
+    EXPECT_EQ(readMonthDay("31 Dec"), (MonthDay{12, 31}));
+    EXPECT_EQ(readMonthDay("29 Feb"), (MonthDay{2, 29})) << "the year isn't told";
+}
+
+TEST(ReadMonthDay, RefusesWhatIsNoDay) {
+    for (const char* text :
+         {"", " ", "5", "Jan", "5 1", "5/1", "Ja 5", "5 Jax", "5 Januaryy", "0 Jan", "32 Jan", "30 Feb",
+          "31 Sep", "005 Jan", "5 Jan 4", "Jan 5 Jan", "5 Jan x", "-5 Jan", "5 J\xC3\xA4n"}) {
+        EXPECT_THROW(readMonthDay(text), std::invalid_argument) << text;
+    }
+    EXPECT_THROW(readMonthDay(std::string_view("5 Jan\0", 6)), std::invalid_argument);
+}
+
+TEST(ReadTimeOfDay, TakesTheUsualEnglishForms) {
+    for (const char* text : {"21:05:33", " 21:05:33 ", "9:05:33 PM", "9:05:33pm", "09:05:33  pm"}) {
+        EXPECT_EQ(readTimeOfDay(text), (TimeOfDay{21, 5, 33})) << text;
+    }
+    EXPECT_EQ(readTimeOfDay("9:05"), (TimeOfDay{9, 5, 0}));
+    EXPECT_EQ(readTimeOfDay("9 PM"), (TimeOfDay{21, 0, 0}));
+    EXPECT_EQ(readTimeOfDay("12:00:01 AM"), (TimeOfDay{0, 0, 1}));
+    EXPECT_EQ(readTimeOfDay("12:30 pm"), (TimeOfDay{12, 30, 0}));
+    EXPECT_EQ(readTimeOfDay("00:00:00"), (TimeOfDay{0, 0, 0}));
+}
+
+TEST(ReadTimeOfDay, RefusesWhatIsNoTime) {
+    for (const char* text :
+         {"", "21", "24:00:00", "21:60", "21:00:60", "13:00 PM", "0:30 AM", "21:", "21:05:", ":05", "PM",
+          "21:05:33:1", "21:05:33.5", "9:05 XM", "9:05 PM x", "021:05", "-1:05", "21h05"}) {
+        EXPECT_THROW(readTimeOfDay(text), std::invalid_argument) << text;
+    }
 }
 
 }  // namespace

@@ -65,18 +65,6 @@ TEST(ErrorLabel, LogsAndGoesOn) {
     EXPECT_TRUE(test.logLines()[0].ends_with(" - no such satellite - Global Satcalc"));
 }
 
-TEST(ErrorLabel, AFailureOfACalleeWithoutALabelEndsTheStep) {
-    TestServices test;
-    bool wentOn = false;
-    const auto callee = [&] {
-        throw std::runtime_error("deep");
-        wentOn = true;
-    };
-    EXPECT_FALSE(ErrorLabel(test.services, labels::mainTimer1).step(callee));
-    EXPECT_FALSE(wentOn);
-    EXPECT_EQ(test.logged("MAIN_TIMER1"), 1);
-}
-
 TEST(Table, AnIndexPastTheBoundIsAFailureOfItsRoutine) {
     TestServices test;
     ProgramState state;

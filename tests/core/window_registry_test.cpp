@@ -1,19 +1,25 @@
 #include "core/window_registry.h"
 
-#include <gtest/gtest.h>
-
 #include "tests/support/fake_window.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {
 
-using Notes = std::vector<std::string>;
-
-class WindowRegistryTest : public testing::Test {
-  protected:
-    WindowRegistryTest() {
+struct Windows {
+    Windows() {
         registerFake(registry, "Main", main);
         registerFake(registry, "Horizon", horizon);
+    }
+    /// What the user and the window system do: "show Main", "hide Main", "unload Main", "focus Main".
+    void play(const Texts& steps) {
+        for (const std::string& step : steps) {
+            const std::string window = step.substr(step.find(' ') + 1);
+            if (step.starts_with("show")) registry.show(window);
+            if (step.starts_with("hide")) registry.hide(window);
+            if (step.starts_with("unload")) registry.unload(window);
+            if (step.starts_with("focus")) registry.focusCame(window);
+        }
     }
 
     // Before the registry, which destroys the windows.
@@ -22,21 +28,17 @@ class WindowRegistryTest : public testing::Test {
     WindowRegistry registry;
 };
 
-TEST_F(WindowRegistryTest, AskingMakesNothing) {
-    EXPECT_FALSE(registry.isOnScreen("Horizon"));
-    EXPECT_FALSE(registry.isLoaded("Horizon"));
-    registry.unload("Horizon");
-    registry.hide("Horizon");
-    registry.focusCame("Horizon");
-    EXPECT_EQ(horizon.made, 0);
-}
+class WindowRegistryTest : public testing::Test, protected Windows {};
 
-TEST_F(WindowRegistryTest, ANameThatNobodyRegisteredDoesNothing) {
+TEST_F(WindowRegistryTest, AskingMakesNothingNorDoesANameThatNobodyRegistered) {
+    play({"unload Horizon", "hide Horizon", "focus Horizon", "show nobody", "unload nobody"});
+    for (const char* const name : {"Horizon", "nobody"}) {
+        EXPECT_FALSE(registry.isOnScreen(name));
+        EXPECT_FALSE(registry.isLoaded(name));
+    }
+    EXPECT_EQ(horizon.made, 0);
     EXPECT_FALSE(registry.isRegistered("nobody"));
     EXPECT_EQ(registry.refer("nobody"), nullptr);
-    registry.show("nobody");
-    registry.unload("nobody");
-    EXPECT_FALSE(registry.isOnScreen("nobody"));
 }
 
 TEST_F(WindowRegistryTest, AWindowIsMadeOnceAndAfreshAfterUnloading) {
@@ -44,7 +46,7 @@ TEST_F(WindowRegistryTest, AWindowIsMadeOnceAndAfreshAfterUnloading) {
     EXPECT_EQ(registry.refer("Horizon"), window);
     EXPECT_FALSE(registry.isOnScreen("Horizon"));
     registry.show("Horizon");
-    EXPECT_EQ(horizon.notes, (Notes{"load", "show", "activate"}));
+    EXPECT_EQ(horizon.notes, (Texts{"load", "show", "activate"}));
 
     registry.unload("Horizon");
     EXPECT_FALSE(registry.isOnScreen("Horizon"));
@@ -78,7 +80,7 @@ TEST_F(WindowRegistryTest, AnUnloadedWindowIsStoppedAndHiddenBeforeItIsTold) {
     };
     registry.show("Horizon");
     registry.unload("Horizon");
-    EXPECT_EQ(horizon.notes, (Notes{"load", "show", "activate", "retire", "hide", "unload"}));
+    EXPECT_EQ(horizon.notes, (Texts{"load", "show", "activate", "retire", "hide", "unload"}));
     EXPECT_TRUE(registry.isOnScreen("Main"));
 }
 
@@ -90,16 +92,32 @@ TEST_F(WindowRegistryTest, AWindowCanRefuseToGo) {
     EXPECT_EQ(horizon.count("unload"), 0);
 }
 
-TEST_F(WindowRegistryTest, ShowingActivatesOnlyWhatWasNotTheActiveWindow) {
-    registry.show("Main");
-    registry.show("Main");
-    EXPECT_EQ(main.count("activate"), 1);
-    registry.show("Horizon");
-    registry.show("Main");
-    EXPECT_EQ(main.count("activate"), 2) << "shown already, but another window was active";
-    registry.hide("Main");
-    registry.show("Main");
-    EXPECT_EQ(main.count("activate"), 3);
+TEST(WindowActivation, HappensOnceForEachWayToAWindow) {
+    struct Case {
+        const char* claim;
+        Texts steps;
+        int ofMain;
+    };
+    for (const Case& test : std::vector<Case>{
+             {"shown again, it was active", {"show Main", "show Main"}, 1},
+             {"shown already, but another was active", {"show Main", "show Horizon", "show Main"}, 2},
+             {"hidden and shown", {"show Main", "hide Main", "show Main"}, 2},
+             {"the focus came late", {"show Main", "show Horizon", "focus Horizon"}, 1},
+             {"a focus that never came is not waited for",
+              {"show Main", "show Horizon", "focus Horizon", "focus Main"},
+              2},
+             {"hidden before its focus came", {"show Main", "show Horizon", "hide Main", "focus Main"}, 1},
+             {"back from a message box", {"show Main", "focus Main", "focus Main"}, 1},
+             {"back from a window of ours",
+              {"show Main", "focus Main", "show Horizon", "focus Horizon", "unload Horizon", "focus Main"},
+              2},
+             {"a focus that the window system refuses hides no later one",
+              {"show Horizon", "focus Horizon", "show Main", "focus Horizon", "focus Main"},
+              2}}) {
+        Windows windows;
+        windows.play(test.steps);
+        EXPECT_EQ(windows.main.count("activate"), test.ofMain) << test.claim;
+    }
 }
 
 TEST_F(WindowRegistryTest, TheFocusThatAShowBringsLaterDoesNotActivateAgain) {
@@ -115,36 +133,6 @@ TEST_F(WindowRegistryTest, TheFocusThatAShowBringsLaterDoesNotActivateAgain) {
     EXPECT_EQ(main.count("activate"), 2) << "now the user went there";
 }
 
-TEST_F(WindowRegistryTest, AFocusThatNeverCameIsNotWaitedFor) {
-    registry.show("Main");
-    registry.show("Horizon");
-    registry.focusCame("Horizon");
-    EXPECT_EQ(main.count("activate"), 1);
-    registry.focusCame("Main");
-    EXPECT_EQ(main.count("activate"), 2);
-}
-
-TEST_F(WindowRegistryTest, AFocusThatComesAfterTheWindowWasHiddenCountsForNothing) {
-    registry.show("Main");
-    registry.show("Horizon");
-    registry.hide("Main");
-    registry.focusCame("Main");
-    EXPECT_EQ(main.count("activate"), 1);
-}
-
-TEST_F(WindowRegistryTest, AFocusThatComesBackFromAMessageBoxActivatesNothing) {
-    registry.show("Main");
-    registry.focusCame("Main");
-    registry.focusCame("Main");
-    EXPECT_EQ(main.count("activate"), 1);
-
-    registry.show("Horizon");
-    registry.focusCame("Horizon");
-    registry.unload("Horizon");
-    registry.focusCame("Main");
-    EXPECT_EQ(main.count("activate"), 2) << "back from a window of ours";
-}
-
 TEST_F(WindowRegistryTest, AnActivationInsideItsOwnIsDropped) {
     horizon.onUnload = [this] { registry.show("Main"); };
     main.onActivate = [this] {
@@ -156,15 +144,6 @@ TEST_F(WindowRegistryTest, AnActivationInsideItsOwnIsDropped) {
     registry.show("Main");
     EXPECT_EQ(main.count("activate"), 1);
     EXPECT_EQ(horizon.count("unload"), 1);
-}
-
-TEST_F(WindowRegistryTest, AFocusThatIsNeverGrantedHidesNoLaterOne) {
-    registry.show("Horizon");
-    registry.focusCame("Horizon");
-    registry.show("Main");  // the window system refuses the focus
-    registry.focusCame("Horizon");
-    registry.focusCame("Main");
-    EXPECT_EQ(main.count("activate"), 2);
 }
 
 TEST_F(WindowRegistryTest, AWindowShownInItsOwnActivationIsTheActiveOne) {

@@ -1,7 +1,6 @@
 #include "dialogs/favourites_edit.h"
 
 #include "tests/dialogs/dialogs_test.h"
-#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {

@@ -1,6 +1,5 @@
 #include "core/labels.h"
 #include "tests/dialogs/groups_test.h"
-#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {
@@ -11,10 +10,9 @@ class GroupsEditTest : public GroupsTest {
         for (int i = 4; i <= 40; ++i) state.Groups[i] = {"G" + std::to_string(i), "letters.txt", "1"};
         state.GroupCount = 40;
     }
-    void expectGroup(int index, const GroupRecord& expected) {
-        EXPECT_EQ(state.Groups[index].Name, expected.Name);
-        EXPECT_EQ(state.Groups[index].Url, expected.Url);
-        EXPECT_EQ(state.Groups[index].Flag, expected.Flag);
+    std::string group(int index) {
+        const GroupRecord& record = state.Groups[index];
+        return record.Name + "," + record.Url + "," + record.Flag;
     }
 };
 
@@ -27,7 +25,7 @@ TEST_F(GroupsEditTest, AGroupOfTheServerIsAdded) {
     form.COMCelestrak.select(22);
     BUTaddCelestrak_Click(form, state, services);
     EXPECT_EQ(state.GroupCount, 4);
-    expectGroup(4, {"Tracking and Data Relay", "elements.example.org/NORAD/elements/tdrss.txt", "0"});
+    EXPECT_EQ(group(4), "Tracking and Data Relay,elements.example.org/NORAD/elements/tdrss.txt,0");
     EXPECT_EQ(form.GroupList.list.back(), "Tracking and Data Relay");
     EXPECT_EQ(form.GroupList.selected, 0);
 }
@@ -37,7 +35,7 @@ TEST_F(GroupsEditTest, AGroupIsAddedByHandWithAnyAnswers) {
     fakes.dialogs.saysYes = true;
     type({std::nullopt, "My birds", "example.org/birds.txt"});
     BUTaddgroup_Click(form, state, services);
-    expectGroup(4, {"My birds", "example.org/birds.txt", "0"});
+    EXPECT_EQ(group(4), "My birds,example.org/birds.txt,0");
     EXPECT_EQ(fakes.dialogs.titles, (Texts{"Update", "Display name", "Web Address of Keplerian Elements"}));
     EXPECT_EQ(messages().at(0), "Is this new group updated via the Internet?");
     EXPECT_EQ(messages().at(1), "Type a Display name for this group. This can be any name you would like.");
@@ -49,14 +47,14 @@ TEST_F(GroupsEditTest, AGroupIsAddedByHandWithAnyAnswers) {
     fakes.dialogs.saysYes = false;
     type({std::nullopt, "Mine", "my.txt"});
     BUTaddgroup_Click(form, state, services);
-    expectGroup(5, {"Mine", "my.txt", "1"});
+    EXPECT_EQ(group(5), "Mine,my.txt,1");
     EXPECT_EQ(fakes.dialogs.titles.back(), "Manually updated Keps");
     EXPECT_EQ(messages().back(),
               "Type the name of the file containing the keps, this file must be in your Vantrace folder. Eg. "
               "'mykeps.txt'");
     type({});
     BUTaddgroup_Click(form, state, services);
-    expectGroup(6, {"", "", "1"});
+    EXPECT_EQ(group(6), ",,1");
     EXPECT_EQ(state.GroupCount, 6) << "cancelled questions add a group all the same";
 }
 
@@ -73,6 +71,14 @@ TEST_F(GroupsEditTest, AFortyFirstGroupIsListedCountedAndNotStored) {
     Form_Unload(form, state, services);
     EXPECT_EQ(state.GroupCount, 40) << "what the table doesn't hold counts no more";
     EXPECT_TRUE(fakes.folder.read("groups.dat").ends_with("G40,letters.txt,1\r\n")) << "no group is lost";
+
+    form = {};
+    load();
+    form.GroupList.selected = 4;
+    BUTdeletegroup_Click(form, state, services);
+    EXPECT_EQ(state.GroupCount, 39);
+    EXPECT_EQ(state.Groups[5].Name, "G6");
+    EXPECT_EQ(state.Groups[39].Name, "G40");
 }
 
 TEST_F(GroupsEditTest, DeletingMovesTheLaterGroupsUp) {
@@ -84,8 +90,8 @@ TEST_F(GroupsEditTest, DeletingMovesTheLaterGroupsUp) {
     form.GroupList.selected = 0;
     BUTdeletegroup_Click(form, state, services);
     EXPECT_EQ(state.GroupCount, 2);
-    expectGroup(1, {"Others", "others.txt", "1"});
-    expectGroup(2, {"Missing", "example.org/gone.txt", "0"});
+    EXPECT_EQ(group(1), "Others,others.txt,1");
+    EXPECT_EQ(group(2), "Missing,example.org/gone.txt,0");
     EXPECT_EQ(form.GroupList.list, (Texts{"Others", "Missing"}));
     EXPECT_EQ(form.GroupList.selected, 0);
     EXPECT_EQ(satellites(), Texts{"DELTA"}) << "the first group is shown";
@@ -96,46 +102,36 @@ TEST_F(GroupsEditTest, DeletingMovesTheLaterGroupsUp) {
     EXPECT_TRUE(fakes.logLines().empty());
 }
 
-TEST_F(GroupsEditTest, OneOfFortyCanBeDeleted) {
-    fillTable();
-    load();
-    form.GroupList.selected = 4;
-    BUTdeletegroup_Click(form, state, services);
-    EXPECT_EQ(state.GroupCount, 39);
-    EXPECT_EQ(state.Groups[5].Name, "G6");
-    EXPECT_EQ(state.Groups[39].Name, "G40");
-}
-
-TEST_F(GroupsEditTest, AFavouriteIsMadeThePrimaryOne) {
-    for (const char* const name : {"ALPHA", "DELTA", "CHARLIE", "ECHO"}) addFavourite(name);
+TEST_F(GroupsEditTest, TheChosenOneIsMadeThePrimaryOne) {
     load();
     BUTmakeprime_Click(form, state, services);
     EXPECT_TRUE(messages().empty()) << "nothing is chosen";
-    select(2);
-    BUTmakeprime_Click(form, state, services);
-    EXPECT_EQ(favourites(), (Texts{"CHARLIE", "DELTA", "ALPHA", "ECHO"}));
-    EXPECT_EQ(messages(), Texts{"Primary Favourite Satellite changed from ALPHA to CHARLIE"});
-    BUTmakeprime_Click(form, state, services);
-    EXPECT_EQ(favourites(), (Texts{"CHARLIE", "DELTA", "ALPHA", "ECHO"}));
-}
-
-TEST_F(GroupsEditTest, OfANameThatStandsTwiceTheFirstIsExchanged) {
-    for (const char* const name : {"ALPHA", "CHARLIE", "DELTA", "CHARLIE"}) addFavourite(name);
-    load();
-    select(2);
-    BUTmakeprime_Click(form, state, services);
-    EXPECT_EQ(favourites(), (Texts{"CHARLIE", "ALPHA", "DELTA", "CHARLIE"}));
-}
-
-TEST_F(GroupsEditTest, OneThatIsNoFavouriteDrivesOutTheFirst) {
-    addFavourite("DELTA");
-    addFavourite("ECHO");
-    load();
-    select(1);
-    BUTmakeprime_Click(form, state, services);
-    EXPECT_EQ(favourites(), (Texts{"BRAVO", "ECHO"}));
+    struct Case {
+        std::string before;
+        int chosen;
+        const char* after;
+        const char* change;
+    };
+    // Of a name that stands twice the first is exchanged; one that is no favourite drives out the first.
+    for (const Case& test :
+         {Case{"ALPHA DELTA CHARLIE ECHO", 2, " CHARLIE DELTA ALPHA ECHO", "ALPHA to CHARLIE"},
+          Case{"ALPHA CHARLIE DELTA CHARLIE", 2, " CHARLIE ALPHA DELTA CHARLIE", "ALPHA to CHARLIE"},
+          Case{"DELTA ECHO", 1, " BRAVO ECHO", "DELTA to BRAVO"}}) {
+        SCOPED_TRACE(test.before);
+        for (const std::string& name : favourites()) SetFavourite(state, name, false);
+        std::istringstream names(test.before);
+        for (std::string name; names >> name;) addFavourite(name);
+        select(test.chosen);
+        for (const char* const time : {"once", "and again"}) {
+            BUTmakeprime_Click(form, state, services);
+            std::string after;
+            for (const std::string& name : favourites()) after += " " + name;
+            EXPECT_EQ(after, test.after) << time;
+        }
+        EXPECT_EQ(messages().at(0), std::string("Primary Favourite Satellite changed from ") + test.change);
+        fakes.dialogs.messages.clear();
+    }
     EXPECT_EQ(state.Favourites[0].Name, "DELTA");
-    EXPECT_EQ(messages(), Texts{"Primary Favourite Satellite changed from DELTA to BRAVO"});
 }
 
 TEST_F(GroupsEditTest, TheWebIsSearchedForTheSatellite) {

@@ -4,7 +4,6 @@
 #include "dialogs/favourites_edit.h"
 #include "dialogs/groups_settings.h"
 #include "tests/dialogs/dialogs_test.h"
-#include "tests/support/testing.h"
 
 namespace vantrace {
 

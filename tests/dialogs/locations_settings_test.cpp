@@ -4,7 +4,6 @@
 #include "core/labels.h"
 #include "platform/file_error.h"
 #include "tests/dialogs/dialogs_test.h"
-#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {
@@ -32,6 +31,11 @@ class LocationsSettingsTest : public DialogsTest {
             if (fakes.dialogs.titles[i].empty()) result.push_back(messages()[i]);
         }
         return result;
+    }
+    std::string place(int index) {
+        const LocationRecord& place = state.Locations[index];
+        return place.Name + "|" + place.Latitude + "|" + place.Longitude + "|" +
+               std::to_string(place.Height) + "|" + place.Shown;
     }
     Texts shown() const {
         Texts result;
@@ -62,10 +66,7 @@ TEST_F(LocationsSettingsTest, APlaceIsAskedForAndDrawnButItsTickComesLater) {
     EXPECT_EQ(messages(),
               (Texts{"Type the Name of the location", "Type the Latitude of Rome\r\nMUST BE IN DECIMAL",
                      "Type the Longitude of Rome", "Type the Height above sea level (in Metres)"}));
-    const LocationRecord& rome = state.Locations[4];
-    EXPECT_EQ(rome.Name + "|" + rome.Latitude + "|" + rome.Longitude, "Rome|41.9|347.5");
-    EXPECT_EQ(rome.Height, 38);
-    EXPECT_EQ(rome.Shown, "1");
+    EXPECT_EQ(place(4), "Rome|41.9|347.5|38|1");
     EXPECT_EQ(shown().back(), "-Rome");
     LocationsForm next;
     Form_Load(next, state, services);
@@ -79,11 +80,15 @@ TEST_F(LocationsSettingsTest, AQuestionIsRepeatedUntilItsAnswerPasses) {
                              "The Latitude MUST be in decimal format (not DEG MIN SEC)",
                              "The Longitude MUST be in decimal format (not DEG MIN SEC)",
                              "Must be a positive number only and in degrees WEST"}));
-    EXPECT_EQ(state.Locations[4].Latitude, "north") << "letters pass";
-    EXPECT_EQ(state.Locations[4].Longitude, "360");
+    EXPECT_EQ(place(4), "Rome|north|360|37|1") << "letters pass";
     add({"A;B", "Oslo", "9999", "0", "1"});
     EXPECT_EQ(told().size(), 1U) << "the file has no room for a semicolon";
     EXPECT_EQ(state.Locations[5].Latitude, "9999") << "a latitude isn't tested for its range";
+    add({"Graz", "1", "1", "37 m"});
+    add({"Wels", "1", "1", "high"});
+    EXPECT_EQ(place(6), "Graz|1|1|37|1") << "the number that it starts with";
+    EXPECT_EQ(place(7), "Wels|1|1|0|1");
+    EXPECT_TRUE(fakes.logLines().empty());
 }
 
 TEST_F(LocationsSettingsTest, WithoutAnAnswerNothingIsAdded) {
@@ -101,27 +106,13 @@ TEST_F(LocationsSettingsTest, WithoutAnAnswerNothingIsAdded) {
     EXPECT_EQ(shown().size(), 3U);
 }
 
-TEST_F(LocationsSettingsTest, AHeightIsTheNumberThatItStartsWith) {
-    load();
-    add({"Rome", "1", "1", "37 m"});
-    add({"Oslo", "1", "1", "high"});
-    EXPECT_EQ(state.Locations[4].Height, 37);
-    EXPECT_EQ(state.Locations[5].Name, "Oslo");
-    EXPECT_EQ(state.Locations[5].Height, 0);
-    EXPECT_TRUE(fakes.logLines().empty());
-}
-
 TEST_F(LocationsSettingsTest, ADeletedPlaceLeavesItsFlagBehind) {
     load();
     form.ListLocations.selected = 1;
     BUTremovelocations_Click(form, state, services);
     EXPECT_EQ(shown(), (Texts{"+London", "+Sydney"})) << "on the screen the ticks go along";
-    EXPECT_EQ(state.Locations[2].Name, "Sydney");
-    EXPECT_EQ(state.Locations[2].Latitude, "-33.87");
-    EXPECT_EQ(state.Locations[2].Height, 20);
-    EXPECT_EQ(state.Locations[2].Shown, "0") << "that of the deleted one";
-    EXPECT_EQ(state.Locations[3].Name, "");
-    EXPECT_EQ(state.Locations[3].Shown, "1");
+    EXPECT_EQ(place(2), "Sydney|-33.87|208.78|20|0") << "the flag of the deleted one";
+    EXPECT_EQ(state.Locations[3].Name + state.Locations[3].Shown, "1");
     BUTremovelocations_Click(form, state, services);
     EXPECT_EQ(form.ListLocations.list.size(), 2U) << "nothing is selected";
     Form_Unload(form, state, services);
@@ -141,6 +132,13 @@ TEST_F(LocationsSettingsTest, AFullTableTakesNoMoreAndIsSavedWhole) {
     BUTremovelocations_Click(form, state, services);
     EXPECT_EQ(state.Locations[149].Name, "P150");
     EXPECT_EQ(state.Locations[150].Name, "");
+    form.ListLocations.add("P");
+    form.ListLocations.add("P");
+    form.ListLocations.add("P");
+    ListLocations_ItemCheck(form, state, services, 151, true);
+    ListLocations_ItemCheck(form, state, services, 149, true);
+    EXPECT_EQ(state.Locations[150].Shown, "1") << "a tick beyond the table is ignored";
+    EXPECT_TRUE(form.ListLocations.list[151].isTicked);
 }
 
 TEST_F(LocationsSettingsTest, AFileThatCouldNotBeReadStays) {
@@ -150,14 +148,6 @@ TEST_F(LocationsSettingsTest, AFileThatCouldNotBeReadStays) {
     load();
     EXPECT_THROW(Form_Unload(form, state, services), FileError);
     EXPECT_EQ(fakes.folder.read("locations.dat").size(), large.size());
-}
-
-TEST_F(LocationsSettingsTest, TicksBeyondTheTableAreIgnored) {
-    for (int i = 0; i < 152; ++i) form.ListLocations.add("P");
-    ListLocations_ItemCheck(form, state, services, 151, true);
-    ListLocations_ItemCheck(form, state, services, 149, true);
-    EXPECT_EQ(state.Locations[150].Shown, "1");
-    EXPECT_TRUE(form.ListLocations.list[151].isTicked);
 }
 
 }  // namespace

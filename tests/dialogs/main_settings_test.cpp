@@ -4,7 +4,6 @@
 #include "dialogs/degrees.h"
 #include "orbit/orbit_engine.h"
 #include "tests/dialogs/dialogs_test.h"
-#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {
@@ -51,55 +50,53 @@ TEST(Degrees, AreBrokenUpTowardsMinusInfinityAndComeBack) {
 
 TEST_F(MainSettingsTest, OpensWithTheDefaultsOfAFreshStore) {
     load();
-    EXPECT_EQ(form.Tlocation, "Default");
-    EXPECT_EQ(form.Tlatitude, "0");
-    EXPECT_TRUE(form.OPdecDeg);
+    EXPECT_EQ((Texts{form.Tlocation, form.Tlatitude, form.LAspeechspeed, form.SLspeechspeedTip, form.LAminEl,
+                     form.LAWxWavDir}),
+              (Texts{"Default", "0", "180 WPM", "180 WPM", "0 Degrees", state.AppPath}));
+    EXPECT_TRUE(form.OPdecDeg && form.CHskin && form.skin.isApplied);
     EXPECT_FALSE(form.CHspeechpack);
     EXPECT_TRUE(form.VoiceSelect.list.empty());
-    EXPECT_EQ(form.LAspeechspeed, "180 WPM");
-    EXPECT_EQ(form.SLspeechspeedTip, "180 WPM");
-    EXPECT_EQ(form.LAminEl, "0 Degrees");
-    EXPECT_EQ(form.LAWxWavDir, state.AppPath);
-    EXPECT_TRUE(form.CHskin);
-    EXPECT_TRUE(form.skin.isApplied);
     EXPECT_TRUE(messages().empty());
 }
 
 TEST_F(MainSettingsTest, OpensWithWhatIsStored) {
-    fakes.settings.set("Latitude", "-33.5");
-    fakes.settings.set("Longitude", "208.75");
-    fakes.settings.set("DMS", "1");
-    fakes.settings.set("SpeechSpeed", "9999");
-    fakes.settings.set("WxEL", "12");
-    fakes.settings.set("RecWxsat", "1");
-    fakes.settings.set("WxWavDir", "/wavs/");
+    for (const auto& [key, value] :
+         std::vector<std::pair<const char*, const char*>>{{"Latitude", "-33.5"},
+                                                          {"Longitude", "208.75"},
+                                                          {"DMS", "1"},
+                                                          {"SpeechSpeed", "9999"},
+                                                          {"WxEL", "12"},
+                                                          {"RecWxsat", "1"},
+                                                          {"WxWavDir", "/wavs/"}}) {
+        fakes.settings.set(key, value);
+    }
     load();
-    EXPECT_TRUE(form.OPnonDecDeg);
-    EXPECT_EQ((Texts{form.Tlatdeg, form.Tlatmin, form.Tlatsec}), (Texts{"-34", "30", "0"}));
-    EXPECT_EQ((Texts{form.Tlondeg, form.Tlonmin, form.Tlonsec}), (Texts{"208", "45", "0"}));
-    EXPECT_EQ(form.LAspeechspeed, "250 WPM");
-    EXPECT_EQ(form.LAminEl, "12 Degrees");
-    EXPECT_TRUE(form.CHrecwxsat);
+    EXPECT_EQ((Texts{form.Tlatdeg, form.Tlatmin, form.Tlatsec, form.Tlondeg, form.Tlonmin, form.Tlonsec}),
+              (Texts{"-34", "30", "0", "208", "45", "0"}));
+    EXPECT_EQ((Texts{form.LAspeechspeed, form.LAminEl, form.LAWxWavDir}),
+              (Texts{"250 WPM", "12 Degrees", "/wavs/"}));
+    EXPECT_TRUE(form.OPnonDecDeg && form.CHrecwxsat);
     EXPECT_FALSE(form.CHrecPrimary);
-    EXPECT_EQ(form.LAWxWavDir, "/wavs/");
 }
 
-TEST_F(MainSettingsTest, WritesTheHeightAsItIsTyped) {
+TEST_F(MainSettingsTest, WritesTheHeightAsItIsTypedAndRewritesItAtTheEnd) {
     load();
-    for (const auto& [typed, kept] : std::vector<std::pair<const char*, const char*>>{
-             {"170", "170"}, {"170m", "170m"}, {"", "0"}, {"high", "0"}, {"-12.5", "-12.5"}}) {
-        form.Theight = typed;
+    struct Case {
+        const char* typed;
+        const char* kept;
+        const char* rewritten;
+    };
+    for (const Case& test : {Case{"170", "170", "170"}, Case{"170m", "170m", "170"}, Case{"", "0", "0"},
+                             Case{"high", "0", "0"}, Case{"-12.5", "-12.5", "-12.5"}}) {
+        SCOPED_TRACE(test.typed);
+        form.Theight = test.typed;
         Theight_Change(form, services);
-        EXPECT_EQ(stored("HASL"), kept) << typed;
+        EXPECT_EQ(stored("HASL"), test.kept);
+        EXPECT_TRUE(close());
+        EXPECT_EQ(form.Theight, test.rewritten);
+        EXPECT_EQ(stored("HASL"), test.rewritten);
     }
-    form.Theight = "170m";
-    EXPECT_TRUE(close());
-    EXPECT_EQ(form.Theight, "170");
-    EXPECT_EQ(stored("HASL"), "170") << "rewritten, and stored so";
-    EXPECT_EQ(state.ObserverHeight, 170);
-    form.Theight.clear();
-    close();
-    EXPECT_EQ(form.Theight, "0");
+    EXPECT_EQ(state.ObserverHeight, -12.5);
 }
 
 TEST_F(MainSettingsTest, ClosesWithinTheLimitsOnly) {
@@ -161,11 +158,16 @@ TEST_F(MainSettingsTest, ClosingTellsTheProgramItsNewPlace) {
 }
 
 TEST_F(MainSettingsTest, TheSixBoxesCountFromTheNextStart) {
-    fakes.settings.set("Latitude", "10");
+    fakes.settings.set("Latitude", "10.20849");
     fakes.settings.set("Longitude", "20");
     load();
     OPnonDecDeg_Click(form, services);
     EXPECT_EQ(stored("DMS"), "1");
+    OPdecDeg_Click(form, services);
+    EXPECT_EQ(stored("DMS"), "0");
+    EXPECT_TRUE(close());
+    EXPECT_EQ(stored("Latitude"), "10.20849") << "there and back changes nothing";
+    OPnonDecDeg_Click(form, services);
     state.ObserverName = "Vienna";
     form.Tlocation = "Sydney";
     Tlocation_Change(form, services);
@@ -177,23 +179,13 @@ TEST_F(MainSettingsTest, TheSixBoxesCountFromTheNextStart) {
     EXPECT_EQ(stored("Latitude"), "-33.5");
     EXPECT_EQ(stored("Longitude"), "999");
     EXPECT_EQ(state.ObserverName, "Vienna") << "of the place that goes on";
-    EXPECT_EQ(state.ObserverLatitude, 10);
+    EXPECT_EQ(state.ObserverLatitude, 10.20849);
     EXPECT_EQ(state.ObserverLongitude, 20);
     MainSettingsForm next;
     Form_Load(next, state, services);
     Form_Unload(next, state, services);
     EXPECT_EQ(state.ObserverLatitude, -33.5) << "the next opening has it in the two boxes";
     EXPECT_EQ(state.ObserverName, "Sydney");
-}
-
-TEST_F(MainSettingsTest, ToTheSixBoxesAndBackChangesNothing) {
-    fakes.settings.set("Latitude", "48.20849");
-    load();
-    OPnonDecDeg_Click(form, services);
-    OPdecDeg_Click(form, services);
-    EXPECT_EQ(stored("DMS"), "0");
-    EXPECT_TRUE(close());
-    EXPECT_EQ(stored("Latitude"), "48.20849");
 }
 
 TEST_F(MainSettingsTest, VoicesAppearAtTheNextOpening) {
@@ -213,17 +205,7 @@ TEST_F(MainSettingsTest, VoicesAppearAtTheNextOpening) {
     EXPECT_EQ(stored("Voice"), "2");
 }
 
-TEST_F(MainSettingsTest, AVoiceThatIsGoneIsLoggedAndTheRestIsLoaded) {
-    fakes.settings.set("Speechpack", "1");
-    fakes.settings.set("Voice", "7");
-    fakes.settings.set("WxEL", "9");
-    load();
-    EXPECT_EQ(form.VoiceSelect.selected, noEntry);
-    EXPECT_EQ(form.LAminEl, "9 Degrees");
-    EXPECT_EQ(fakes.logged(labels::mainCONFormLoad), 1);
-}
-
-TEST_F(MainSettingsTest, NoVoiceIsNoError) {
+TEST_F(MainSettingsTest, NoVoiceIsNoErrorAndOneThatIsGoneIsLogged) {
     fakes.settings.set("Speechpack", "1");
     fakes.settings.set("Voice", "0");
     load();
@@ -235,6 +217,14 @@ TEST_F(MainSettingsTest, NoVoiceIsNoError) {
     Form_Load(silent, state, services);
     EXPECT_EQ(silent.VoiceSelect.selected, noEntry);
     EXPECT_TRUE(fakes.logLines().empty());
+    fakes.settings.set("Voice", "7");
+    fakes.settings.set("WxEL", "9");
+    fakes.speech.voiceNames = {"Anna", "Bert"};
+    MainSettingsForm other;
+    Form_Load(other, state, services);
+    EXPECT_EQ(other.VoiceSelect.selected, noEntry);
+    EXPECT_EQ(other.LAminEl, "9 Degrees") << "the rest is loaded";
+    EXPECT_EQ(fakes.logged(labels::mainCONFormLoad), 1);
 }
 
 TEST_F(MainSettingsTest, AChosenVoiceSpeaksWhileTheWindowIsThere) {

@@ -2,7 +2,6 @@
 
 #include "core/labels.h"
 #include "tests/dialogs/dialogs_test.h"
-#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {
@@ -24,6 +23,11 @@ TEST_F(MapSettingsTest, OpensWithTheDefaultsAndWithEmptyListsWithoutPictures) {
     EXPECT_EQ(form.COMhormap.text, "hdefault");
     EXPECT_TRUE(form.COMmap.list.empty());
     EXPECT_TRUE(form.skin.isApplied);
+    state.AppPath += "gone/";
+    MapSettingsForm next;
+    Form_Load(next, state, services);
+    EXPECT_EQ(next.COMhormap.text, "hdefault");
+    EXPECT_EQ(fakes.logged(labels::twoDconFormLoad), 2) << "a folder that is gone";
 }
 
 TEST_F(MapSettingsTest, BothListsHoldEveryPictureOfTheFolder) {
@@ -65,22 +69,13 @@ TEST_F(MapSettingsTest, EachChangeIsStoredAtOnce) {
     EXPECT_EQ((Texts{stored("ShowGroundtrack"), stored("ShowFootprints"), stored("ShowInfoPane"),
                      stored("AltWorld")}),
               (Texts{"0", "0", "0", "1"}));
-}
-
-TEST_F(MapSettingsTest, ValuesBeyondASliderAreItsEnds) {
     fakes.settings.set("GroundTrackLen", "5");
     fakes.settings.set("MapUpdate", "1e300");
-    load();
-    EXPECT_EQ(form.SLgroundTrackLen, 10);
-    EXPECT_EQ(form.SLMapUpdate, 60);
+    MapSettingsForm next;
+    Form_Load(next, state, services);
+    EXPECT_EQ(next.SLgroundTrackLen, 10) << "the end of the slider";
+    EXPECT_EQ(next.SLMapUpdate, 60);
     EXPECT_EQ(stored("GroundTrackLen"), "5") << "looking changes nothing";
-}
-
-TEST_F(MapSettingsTest, AFolderThatIsGoneIsLoggedAndTheRestIsLoaded) {
-    state.AppPath += "gone/";
-    load();
-    EXPECT_EQ(form.COMhormap.text, "hdefault");
-    EXPECT_EQ(fakes.logged(labels::twoDconFormLoad), 2);
 }
 
 }  // namespace

@@ -1,8 +1,8 @@
 #include "flares/flare_file.h"
 
 #include "platform/file_error.h"
+#include "tests/flares/flare_pages.h"
 #include "tests/support/temporary_folder.h"
-#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {
@@ -16,19 +16,14 @@ class FlareFileTest : public ::testing::Test {
         return list;
     }
     std::filesystem::path file() const { return folder.path() / "flares.dat"; }
-    static FlareRow rowOf(std::array<std::string, flareColumns> texts) {
-        FlareRow row;
-        row.texts = std::move(texts);
-        return row;
-    }
 
     TemporaryFolder folder;
-    const FlareRow row = rowOf({"05 JAN", "21:05:33", "-3", "34", "254", "12.3 km", "-8", "Iridium 23"});
-    const std::string line = "05 JAN;21:05:33;-3;34;254;12.3 km;-8;Iridium 23\r\n";
+    const FlareRow& row = wholeRow;
+    const std::string& line = wholeLine;
 };
 
 TEST_F(FlareFileTest, WhatIsWrittenIsReadAgain) {
-    const FlareRow part = rowOf({"6 Jan ", "", "", "", "", "", "", ""});
+    const FlareRow part = flareRowOf({"6 Jan "});
     saveFlares(file(), {row, part, row});
     EXPECT_EQ(folder.read("flares.dat"), line + "6 Jan ;;;;;;;\r\n" + line);
     FlareList list;
@@ -47,18 +42,16 @@ TEST_F(FlareFileTest, ARowOfEmptyFieldsEndsTheReading) {
 }
 
 TEST_F(FlareFileTest, ShortLinesBeginAgainAndLongOnesAreCut) {
-    EXPECT_EQ(load("a;b;c\r\n"), FlareList{rowOf({"a", "b", "c", "a", "b", "c", "a", "b"})});
+    EXPECT_EQ(load("a;b;c\r\n"), FlareList{flareRowOf({"a", "b", "c", "a", "b", "c", "a", "b"})});
     EXPECT_EQ(load("alone\n").at(0)[FlareColumn::Satellite], "alone");
     EXPECT_EQ(load("\r\n"), FlareList{FlareRow()});
-    EXPECT_EQ(load("1;2;3;4;5;6;7;8;9;10"), FlareList{rowOf({"1", "2", "3", "4", "5", "6", "7", "8"})});
+    EXPECT_EQ(load("1;2;3;4;5;6;7;8;9;10"), FlareList{flareRowOf({"1", "2", "3", "4", "5", "6", "7", "8"})});
 }
 
 TEST_F(FlareFileTest, TooMuchIsNeitherWrittenNorRead) {
     folder.write("flares.dat", "old");
     EXPECT_THROW(saveFlares(file(), FlareList(mostFlares + 1, row)), FileError);
-    EXPECT_THROW(
-        saveFlares(file(), {rowOf({std::string(flareFileLimitBytes, 'x'), "", "", "", "", "", "", ""})}),
-        FileError);
+    EXPECT_THROW(saveFlares(file(), {flareRowOf({std::string(flareFileLimitBytes, 'x')})}), FileError);
     EXPECT_EQ(folder.read("flares.dat"), "old");
     saveFlares(file(), FlareList(mostFlares, row));
 

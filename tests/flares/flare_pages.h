@@ -1,7 +1,8 @@
 // Pages as the flare service might send them.
 #pragma once
 
-#include <string>
+#include "flares/flare_list.h"
+#include "tests/support/testing.h"
 
 namespace vantrace {
 
@@ -25,5 +26,16 @@ inline std::string flareRow(const FlareTimes& flare = {}) {
            "<TD>12.3 km (W)</TD><TD>-8</TD>\r\n<TD><A HREF=\"satinfo.asp?id=24906\">" +
            flare.satellite + "</A></TD>\r\n</TR>\r\n";
 }
+
+inline FlareRow flareRowOf(std::array<std::string, flareColumns> texts) {
+    FlareRow row;
+    row.texts = std::move(texts);
+    return row;
+}
+
+/// The row of the usual flare, where local time is UTC, and its line of the file.
+inline const FlareRow wholeRow =
+    flareRowOf({"05 JAN", "21:05:33", "-3", "34", "254", "12.3 km", "-8", "Iridium 23"});
+inline const std::string wholeLine = "05 JAN;21:05:33;-3;34;254;12.3 km;-8;Iridium 23\r\n";
 
 }  // namespace vantrace

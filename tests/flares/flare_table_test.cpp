@@ -2,7 +2,6 @@
 
 #include "tests/flares/flare_pages.h"
 #include "tests/support/fake_clock.h"
-#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {
@@ -23,23 +22,16 @@ class FlareTableTest : public ::testing::Test {
     static std::string dateAndTime(const FlareRow& row) {
         return row[FlareColumn::Date] + " " + row[FlareColumn::Time];
     }
-    static FlareRow rowOf(std::array<std::string, flareColumns> texts) {
-        FlareRow row;
-        row.texts = std::move(texts);
-        return row;
-    }
 
     FakeClock clock;
-    const FlareRow wholeRow = rowOf({"05 JAN", "21:05:33", "-3", "34", "254", "12.3 km", "-8", "Iridium 23"});
 };
 
 TEST_F(FlareTableTest, EachRowOfThePageIsARowOfTheList) {
-    const FlareList list =
-        read(pageStart + flareRow() + flareRow({"6 jan", "9:05:33 PM", " Iridium & co "}) + pageEnd);
-    ASSERT_EQ(list.size(), 2U);
-    EXPECT_EQ(list[0], wholeRow);
-    EXPECT_EQ(list[1], rowOf({"06 JAN", "21:05:33", "-3", "34", "254", "12.3 km", "-8", " Iridium & co "}))
-        << "untrimmed";
+    FlareRow second = wholeRow;
+    second[FlareColumn::Date] = "06 JAN";
+    second[FlareColumn::Satellite] = " Iridium & co ";  // untrimmed
+    EXPECT_EQ(read(pageStart + flareRow() + flareRow({"6 jan", "9:05:33 PM", " Iridium & co "}) + pageEnd),
+              (FlareList{wholeRow, second}));
 }
 
 TEST_F(FlareTableTest, DateAndTimeBecomeLocalTogether) {
@@ -76,14 +68,14 @@ TEST_F(FlareTableTest, ACellOfSevenCharactersEndsTheTable) {
 }
 
 TEST_F(FlareTableTest, ARowWithoutItsLinkIsKeptAndEndsTheScan) {
-    const FlareList list = read(pageStart + flareRow() + "<TD>6 Jan </TD><TD>none</TD>" + pageEnd);
-    ASSERT_EQ(list.size(), 2U);
-    EXPECT_EQ(list[1], rowOf({"6 Jan ", "", "", "", "", "", "", ""})) << "the raw text of the cell";
+    EXPECT_EQ(read(pageStart + flareRow() + "<TD>6 Jan </TD><TD>none</TD>" + pageEnd),
+              (FlareList{wholeRow, flareRowOf({"6 Jan "})}))
+        << "the raw text of the cell";
 }
 
 TEST_F(FlareTableTest, APageThatEndsBetweenCellsLeavesTheRowAsItIs) {
     const std::string page = pageStart + flareRow();
-    FlareRow part = rowOf({wholeRow.texts[0], wholeRow.texts[1], "", "", "", "", "", ""});
+    FlareRow part = flareRowOf({wholeRow.texts[0]});
     std::size_t column = 1;
     for (const std::string end : {"21:05:33</A>", "-3</TD>", "34&deg;", "254&deg;", "12.3 km", "-8</TD>"}) {
         part.texts[column] = wholeRow.texts[column];
@@ -128,12 +120,96 @@ TEST_F(FlareTableTest, ACellThatStartsWithALineEndBelongsToTheRowBefore) {
 }
 
 TEST_F(FlareTableTest, WhatIsNoDateOrTimeFails) {
-    for (const char* date : {"", "5", "abc", "30 Feb", "5&Jan"}) {
-        EXPECT_EQ(readUpToFailure(pageStart + flareRow({date, "21:05:33"}) + pageEnd).size(), 1U) << date;
+    const std::string day = "5 Jan", hour = "21:05:33";
+    for (const FlareTimes& flare : {FlareTimes{"", hour},
+                                    {"5", hour},
+                                    {"abc", hour},
+                                    {"30 Feb", hour},
+                                    {"5&Jan", hour},
+                                    {day, ""},
+                                    {day, "25:00:00"},
+                                    {day, "noon"}}) {
+        EXPECT_EQ(readUpToFailure(pageStart + flareRow(flare) + pageEnd).size(), 1U) << flare.date;
     }
-    for (const char* time : {"", "25:00:00", "noon"}) {
-        EXPECT_EQ(readUpToFailure(pageStart + flareRow({"5 Jan", time}) + pageEnd).size(), 1U) << time;
+}
+
+constexpr std::size_t tenMegabytes = 10'000'000;
+
+/// Pages that were made to do harm. Whatever they are, the reading ends soon and takes little room.
+class HostilePagesTest : public ::testing::Test {
+  protected:
+    /// Whether the page was read; it must have been decided within seconds, on a busy machine too.
+    bool isRead(const std::string& page) {
+        const auto start = std::chrono::steady_clock::now();
+        list.clear();
+        bool isGood = true;
+        try {
+            readFlareTable(page, clock, list);
+        } catch (const std::exception&) {
+            isGood = false;
+        }
+        EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10));
+        EXPECT_LE(list.size(), mostFlares);
+        std::size_t bytes = 0;
+        for (const FlareRow& row : list) {
+            for (const std::string& text : row.texts) bytes += text.size();
+        }
+        EXPECT_LE(bytes, 2 * tenMegabytes);
+        return isGood;
     }
+    static std::string repeated(const std::string& text, std::size_t bytes) {
+        std::string all;
+        while (all.size() < bytes) all += text;
+        return all;
+    }
+
+    FakeClock clock;
+    FlareList list;
+    /// As short as a row can be.
+    const std::string shortRow = "<TD>5Jan<flaredetails>1:00<<TD>1<<TD>2&<TD>3&<TD>4 km<TD>5<<A HREF>6</A>";
+};
+
+TEST_F(HostilePagesTest, ManyRowsAreReadAndTooManyAreAFailure) {
+    EXPECT_TRUE(isRead(pageStart + repeated(shortRow, shortRow.size() * mostFlares) + pageEnd));
+    EXPECT_EQ(list.size(), mostFlares);
+    EXPECT_FALSE(isRead(pageStart + repeated(shortRow, tenMegabytes) + pageEnd));
+}
+
+TEST_F(HostilePagesTest, APageThatLeadsBackToItsStartForEverIsAFailure) {
+    // The text behind the third character is a good date, so that each round adds rows.
+    EXPECT_FALSE(isRead("<p>5 Jan<" + pageStart + flareRow()));
+    EXPECT_GE(list.size(), 2U);
+    EXPECT_FALSE(isRead("<p>5 Jan<" + pageStart + repeated(shortRow, tenMegabytes / 10)));
+    // So does the tag of a cell that nobody closes: of a name, and of a time.
+    EXPECT_FALSE(isRead("</A>istance to<TD>5Jan<flaredetails>1:00<<TD>1<<TD>2&<TD>3&<TD>4 km<TD>5<<A HREF"));
+    EXPECT_GE(list.size(), 2U);
+    const std::string cells = "<TD>1<<TD>2&<TD>3&<TD>4 km<TD>5<<A HREF>6</A>";
+    EXPECT_FALSE(isRead("1:00<istance to<TD>5Jan<" + cells + "<TD>5Jan<flaredetails"));
+    EXPECT_GE(list.size(), 2U);
+    // Going back is no failure where it leads to an end.
+    EXPECT_TRUE(isRead("1:00<istance to<TD>5Jan<" + cells + "<TD>the end<flaredetails"));
+    EXPECT_EQ(list.size(), 1U);
+}
+
+TEST_F(HostilePagesTest, RowsThatLieWithinANameAreBounded) {
+    // Only the page's end ends a name: each row's name holds all rows behind it.
+    std::string row = shortRow;
+    row.resize(row.rfind("</A>"));
+    EXPECT_FALSE(isRead(pageStart + repeated(row, tenMegabytes) + "</A>" + pageEnd));
+    EXPECT_TRUE(isRead(pageStart + repeated(row, 10'000) + "</A>" + pageEnd));
+}
+
+TEST_F(HostilePagesTest, LongAndBinaryCellsAreTakenAsTheyAre) {
+    EXPECT_TRUE(isRead(pageStart + std::string(tenMegabytes, '<') + "<TD>the end<"));
+    EXPECT_FALSE(isRead(pageStart + flareRow({"5 Jan", "1:00", std::string(tenMegabytes, 'x')}) + pageEnd));
+    EXPECT_TRUE(isRead(pageStart + flareRow({"5 Jan", "1:00", std::string(1'000'000, 'x')}) + pageEnd));
+    EXPECT_FALSE(isRead(pageStart + "<TD>" + std::string(tenMegabytes, ' ')));
+    EXPECT_TRUE(isRead(pageStart + repeated("<TD>", tenMegabytes)));
+    EXPECT_FALSE(isRead(pageStart + repeated("<TD>5Jan<flaredetails", tenMegabytes)));
+    EXPECT_FALSE(isRead(std::string(tenMegabytes, '\0')));
+    const std::string binary("a\0\x01\xFF;", 5);
+    ASSERT_TRUE(isRead(pageStart + flareRow({"5 Jan", "1:00", binary}) + pageEnd));
+    EXPECT_EQ(list.at(0)[FlareColumn::Satellite], binary);
 }
 
 }  // namespace

@@ -1,7 +1,6 @@
 #include "internet/clock_sync.h"
 
 #include "tests/internet/updates_test.h"
-#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {
@@ -31,32 +30,18 @@ class ClockSyncTest : public UpdatesTest {
         "Couldn't connect to Time server, some firewall software can cause this, try again later";
 };
 
-TEST_F(ClockSyncTest, AClockLessThanTwoSecondsOutIsPerfectWhateverTheDay) {
-    const std::pair<const char*, const char*> cases[] = {{"08/23/2026", "12:30:15"},
-                                                         {"08/23/2026", "12:30:14"},
-                                                         {"08/23/2026", "12:30:16"},
-                                                         {"08/22/2026", "12:30:15"},
-                                                         {"08/30/2026", "12:30:16"}};
-    for (const auto& [date, time] : cases) {
-        serverSays(date, time);
-        fakes.clock.setMicroseconds(999999);
-        run();
-        EXPECT_EQ(fakes.dialogs.messages, Texts{"Your PC is perfectly syncronized."}) << time;
-        EXPECT_EQ(fakes.speech.texts, fakes.dialogs.messages);
-        EXPECT_EQ(form.txtStatus, start);
-    }
-    EXPECT_EQ(fakes.timeClient.host, "time.example");
-    EXPECT_EQ(fakes.timeClient.timeoutSeconds, 15);
-    EXPECT_EQ(fakes.timeClient.settings, 0);
-}
-
-TEST_F(ClockSyncTest, TheSentenceTellsSecondsBeforeMinutesBeforeHours) {
+TEST_F(ClockSyncTest, LessThanTwoSecondsIsPerfectAndElseSecondsAreToldBeforeMinutesBeforeHours) {
     struct Case {
         const char* date;
         const char* time;
-        const char* sentence;
+        const char* sentence = "";  ///< empty where the clock is perfect
     };
     const Case cases[] = {
+        {"08/23/2026", "12:30:15"},
+        {"08/23/2026", "12:30:14"},
+        {"08/23/2026", "12:30:16"},
+        {"08/22/2026", "12:30:15"},
+        {"08/30/2026", "12:30:16"},
         {"08/23/2026", "12:30:17", "Your PC's Clock is 2 Seconds Slow. "},
         {"08/23/2026", "12:30:13", "Your PC's Clock is 2 Seconds Fast. "},
         {"08/23/2026", "13:32:18", "Your PC's Clock is 3 Seconds Slow. "},
@@ -66,14 +51,19 @@ TEST_F(ClockSyncTest, TheSentenceTellsSecondsBeforeMinutesBeforeHours) {
         {"08/23/2026", "10:30:15", "Your PC's Clock is 2 Hours, 0 Minutes, and 0 Seconds Fast. "},
         {"08/24/2026", "13:30:15", "Your PC's Clock is 1 Hours, 0 Minutes, and 0 Seconds Slow. "},
     };
-    for (const Case& each : cases) {
-        serverSays(each.date, each.time);
+    fakes.clock.setMicroseconds(999999);
+    for (const auto& [date, time, sentence] : cases) {
+        const bool isPerfect = *sentence == '\0';
+        const std::string told = isPerfect ? "Your PC is perfectly syncronized." : sentence;
+        serverSays(date, time);
         run();
-        EXPECT_EQ(fakes.speech.texts, Texts{each.sentence});
-        EXPECT_EQ(fakes.dialogs.messages, Texts{std::string(each.sentence) + " Synchronize ?"});
-        EXPECT_EQ(fakes.dialogs.titles, Texts{"PC Clock Accuracy"});
-        EXPECT_EQ(form.txtStatus, std::string(start) + "\r\nClock Not Synchronised");
+        EXPECT_EQ(fakes.speech.texts, Texts{told}) << date << time;
+        EXPECT_EQ(fakes.dialogs.messages, Texts{isPerfect ? told : told + " Synchronize ?"});
+        EXPECT_EQ(fakes.dialogs.titles, Texts{isPerfect ? "" : "PC Clock Accuracy"});
+        EXPECT_EQ(form.txtStatus, std::string(start) + (isPerfect ? "" : "\r\nClock Not Synchronised"));
     }
+    EXPECT_EQ(fakes.timeClient.host, "time.example");
+    EXPECT_EQ(fakes.timeClient.timeoutSeconds, 15);
     EXPECT_EQ(fakes.timeClient.settings, 0);
 }
 

@@ -3,40 +3,93 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "internet/database_update.h"
 #include "tests/internet/updates_test.h"
-#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {
 
+using UpdatesFormTest = UpdatesTest;
+using DatabaseUpdateTest = UpdatesTest;
 using ElementUpdateTest = UpdatesTest;
 using CheckKepFileTest = UpdatesTest;
 
-constexpr std::string_view line1 = "1 25544U 98067A   26233.53315667  .00008864  00000+0  16558-3 0  9995";
-constexpr std::string_view line2 = "2 25544  51.6331 336.6713 0007673  69.9303 290.2511 15.49551867581884";
-constexpr std::string_view standIn1 = "1 27061U 01058G   02011.88736545  .00000026  00000-0  10000-3 0   117";
-constexpr std::string_view standIn2 = "2 27061  82.5405 165.3114 0041850 199.5013 160.4475 12.53888826  1840";
+// The lines of a set, and what stands in for those of the wrong length.
+const std::string l1 = "1 25544U 98067A   26233.53315667  .00008864  00000+0  16558-3 0  9995";
+const std::string l2 = "2 25544  51.6331 336.6713 0007673  69.9303 290.2511 15.49551867581884";
+const std::string s1 = "1 27061U 01058G   02011.88736545  .00000026  00000-0  10000-3 0   117";
+const std::string s2 = "2 27061  82.5405 165.3114 0041850 199.5013 160.4475 12.53888826  1840";
+
+TEST_F(UpdatesFormTest, TheProxyComesFromTheSettingsAndGoesBack) {
+    Form_Load(form, fakes.services);
+    EXPECT_EQ(form.OPproxyON, (std::array{true, false}));
+    EXPECT_EQ(proxyOf(form), (Texts{"", "1080", "", ""}));
+    chooseProxy();
+    Form_Unload(form, fakes.services);
+    EXPECT_EQ(fakes.settings.get("ProxyON"), "1");
+    UpdatesForm next;
+    Form_Load(next, fakes.services);
+    EXPECT_EQ(next.OPproxyON, (std::array{false, true}));
+    EXPECT_EQ(proxyOf(next), proxy);
+    EXPECT_TRUE(next.skin.isApplied);
+    next.OPproxyON = {true, false};
+    Form_Unload(next, fakes.services);
+    EXPECT_EQ(fakes.settings.get("ProxyON"), "0");
+}
+
+TEST_F(DatabaseUpdateTest, TheFileOfTheUpdateServerIsFetchedAndItsSizeTold) {
+    fakes.folder.write("hosts.dat", "updateHost=update.test:8080\n");
+    serve(std::string(2560, 'x'));
+    std::string seen;
+    fakes.events.onYield = [&] { seen = form.txtStatus; };
+    BUTupdateDB_Click(form, state, fakes.services);
+    EXPECT_EQ(seen, "\r\nUpdating Satellite Database File....\r\n");
+    ASSERT_EQ(fakes.fetcher.requests.size(), 1U);
+    EXPECT_EQ(fakes.fetcher.requests[0].url, "http://update.test:8080/satellite.dat");
+    EXPECT_EQ(fakes.fetcher.requests[0].file, state.AppPath + "satellite.dat");
+    EXPECT_EQ(form.txtStatus, seen + "Done. Satellite Database File Size : 2.5 Kb)\r\n");
+    EXPECT_EQ(fakes.speech.texts, Texts{"Database file updated."});
+}
+
+TEST_F(DatabaseUpdateTest, WhatFailsIsToldOrLoggedAndTheJobEndsAsEver) {
+    chooseProxy();
+    failFetches({"Host not found", 3});
+    BUTupdateDB_Click(form, state, fakes.services);
+    EXPECT_EQ(form.txtStatus, "\r\nUpdating Satellite Database File....\r\nHost not found (3)\r\n");
+    EXPECT_EQ(fakes.fetcher.requests.at(0).proxy, proxy);
+    EXPECT_EQ(fakes.logged("updateCON - UpdateDB"), 1);
+    EXPECT_EQ(fakes.speech.texts, Texts{"Database file updated."});
+    // Of the old file the size is told all the same.
+    fakes.folder.write("satellite.dat", std::string(1024, 'x'));
+    BUTupdateDB_Click(form, state, fakes.services);
+    EXPECT_TRUE(
+        form.txtStatus.ends_with("Host not found (3)\r\nDone. Satellite Database File Size : 1.0 Kb)\r\n"))
+        << form.txtStatus;
+}
+
+TEST_F(DatabaseUpdateTest, AClosedWindowFetchesNothing) {
+    fakes.events.onYield = [&] { form.isUnloaded = true; };
+    BUTupdateDB_Click(form, state, fakes.services);
+    EXPECT_TRUE(fakes.fetcher.requests.empty());
+    EXPECT_TRUE(fakes.speech.texts.empty());
+    EXPECT_FALSE(form.isWorking);
+}
 
 TEST_F(ElementUpdateTest, EveryGroupButThoseKeptByHandIsFetchedMendedAndTold) {
     addGroup("Stations", "celestrak.org/NORAD/stations.txt", "0");
     addGroup("Mine", "mine.txt", "1");
     addGroup("Odd", "host/gp.php?GROUP=odd", "x");
     addGroup("No folder", "lonely.example", "");
-    fakes.fetcher.onFetch = [this](const FakeFetcher::Request& request) {
-        // 1536 bytes, so that half a unit shows.
-        fakes.folder.write(std::filesystem::path(request.file).filename(), std::string(1534, 'x') + "\r\n");
-        return std::optional<FetchError>();
-    };
-    int yields = 0;
+    serve(std::string(1534, 'x') + "\r\n");  // so that half a unit shows
     std::string seenFirst;
     fakes.events.onYield = [&] {
-        if (yields++ == 0) seenFirst = form.txtStatus;
+        if (fakes.events.yields == 1) seenFirst = form.txtStatus;
     };
     form.txtStatus = "Before\r\n";
     BUTupdateKeps_Click(form, state, fakes.services);
 
     EXPECT_EQ(seenFirst, "Before\r\nUpdating Keplerian Elements...\r\n");
-    EXPECT_EQ(yields, 4) << "one, and one a group";
+    EXPECT_EQ(fakes.events.yields, 4) << "one, and one a group";
     ASSERT_EQ(fakes.fetcher.requests.size(), 3U);
     EXPECT_EQ(fakes.fetcher.requests[0].url, "http://celestrak.org/NORAD/stations.txt");
     EXPECT_EQ(fakes.fetcher.requests[0].file, state.AppPath + "stations.txt");
@@ -57,15 +110,10 @@ TEST_F(ElementUpdateTest, EveryGroupButThoseKeptByHandIsFetchedMendedAndTold) {
 TEST_F(ElementUpdateTest, TheProxyIsThatOfTheFieldsAndNotOfTheSettings) {
     addGroup("Stations", "host/stations.txt", "0");
     fakes.settings.set("ProxyHost", "saved");
-    form.OPproxyON = {false, true};
-    form.txtProxyHost = "proxy.example";
-    form.txtProxyPort = "3128";
-    form.txtProxyUser = "anna";
-    form.txtProxyPass = "secret";
+    chooseProxy();
     serve("");
     BUTupdateKeps_Click(form, state, fakes.services);
-    ASSERT_EQ(fakes.fetcher.requests.size(), 1U);
-    EXPECT_EQ(fakes.fetcher.requests[0].proxy, (Texts{"proxy.example", "3128", "anna", "secret"}));
+    EXPECT_EQ(fakes.fetcher.requests.at(0).proxy, proxy);
     EXPECT_NE(form.txtStatus.find("Size : 0.0 Kb OK"), std::string::npos) << form.txtStatus;
 }
 
@@ -73,9 +121,7 @@ TEST_F(ElementUpdateTest, AFailedFetchIsToldAndTheFileThatIsThereReported) {
     addGroup("Gone", "host/gone.txt", "0");
     addGroup("Stations", "host/stations.txt", "0");
     fakes.folder.write("stations.txt", "ISS\n1 short\n");
-    fakes.fetcher.onFetch = [](const FakeFetcher::Request&) {
-        return std::optional(FetchError{"Not Found", 404});
-    };
+    failFetches({"Not Found", 404});
     form.OPproxyON = {false, true};
     BUTupdateKeps_Click(form, state, fakes.services);
     EXPECT_EQ(form.txtStatus,
@@ -115,31 +161,25 @@ TEST_F(ElementUpdateTest, NoJobStartsInsideAnotherAndAClosedWindowEndsIt) {
 }
 
 TEST_F(ElementUpdateTest, ADecimalCommaIsWritten) {
-    MachineFormat format;
-    format.decimalMark = ',';
-    TestServices comma(format);
-    state.AppPath = comma.folder.appPath();
+    fakes.services.format.decimalMark = ',';
     addGroup("Stations", "host/stations.txt", "0");
-    comma.folder.write("stations.txt", std::string(2558, 'x') + "\r\n");
-    BUTupdateKeps_Click(form, state, comma.services);
+    serve(std::string(2558, 'x') + "\r\n");
+    BUTupdateKeps_Click(form, state, fakes.services);
     EXPECT_NE(form.txtStatus.find("Size : 2,5 Kb OK"), std::string::npos) << form.txtStatus;
 }
 
 TEST_F(CheckKepFileTest, LinesOfTheWrongLengthKeepTheirPlaceByStandIns) {
-    const std::string l1(line1);
-    const std::string l2(line2);
-    const std::string s1(standIn1);
-    const std::string s2(standIn2);
     struct Case {
         std::string content;
         const char* word;
         std::string mended;
     };
+    const std::string whole = "ISS\r\n" + l1 + "\r\n" + l2 + "\r\n";
     const Case cases[] = {
         {"", "OK", ""},
-        {"ISS\r\n" + l1 + "\r\n" + l2 + "\r\n", "OK", "ISS\r\n" + l1 + "\r\n" + l2 + "\r\n"},
-        {"ISS\n" + l1 + "\n" + l2, "OK", "ISS\r\n" + l1 + "\r\n" + l2 + "\r\n"},
-        {"ISS\r" + l1 + "\r" + l2 + "\r", "OK", "ISS\r\n" + l1 + "\r\n" + l2 + "\r\n"},
+        {whole, "OK", whole},
+        {"ISS\n" + l1 + "\n" + l2, "OK", whole},
+        {"ISS\r" + l1 + "\r" + l2 + "\r", "OK", whole},
         {"ISS\r\r\n" + l1 + "\r\r\n", "OK", "ISS\r\n" + l1 + "\r\n"},
         {"ISS\r\n" + l1 + "\r\n" + l2.substr(0, 40), "CROPPED", "ISS\r\n" + l1 + "\r\n" + s2 + "\r\n"},
         {"ISS\r\n" + l1 + "\r\n", "OK", "ISS\r\n" + l1 + "\r\n"},
@@ -163,28 +203,26 @@ TEST_F(CheckKepFileTest, LinesOfTheWrongLengthKeepTheirPlaceByStandIns) {
 
 TEST_F(CheckKepFileTest, AFileWithNothingToMendIsNotTouchedAndAMendedOneKeepsLinksAndMode) {
     const std::filesystem::path file = fakes.folder.path() / "stations.txt";
-    const auto inode = [&] {
-        struct stat status {};
-        EXPECT_EQ(stat(file.c_str(), &status), 0);
-        return status.st_ino;
+    const auto status = [&] {
+        struct stat found {};
+        EXPECT_EQ(stat(file.c_str(), &found), 0);
+        return found;
     };
     fakes.folder.write("stations.txt", "ISS\r\n");
-    const auto before = inode();
+    const auto before = status().st_ino;
     CheckKepFile(state, fakes.services, file);
-    EXPECT_EQ(inode(), before);
+    EXPECT_EQ(status().st_ino, before);
 
-    std::filesystem::create_directory(fakes.folder.path() / "elsewhere");
     fakes.folder.write("elsewhere/real.txt", "1 short\n");
-    ASSERT_EQ(chmod((fakes.folder.path() / "elsewhere" / "real.txt").c_str(), 0640), 0);
-    ASSERT_EQ(chown((fakes.folder.path() / "elsewhere" / "real.txt").c_str(), geteuid(), getegid()), 0);
+    const std::filesystem::path real = fakes.folder.path() / "elsewhere" / "real.txt";
+    ASSERT_EQ(chmod(real.c_str(), 0640), 0);
+    ASSERT_EQ(chown(real.c_str(), geteuid(), getegid()), 0);
     std::filesystem::remove(file);
     std::filesystem::create_symlink("elsewhere/real.txt", file);
     EXPECT_EQ(CheckKepFile(state, fakes.services, file), "CROPPED");
     EXPECT_TRUE(std::filesystem::is_symlink(file));
-    EXPECT_EQ(fakes.folder.read("elsewhere/real.txt"), std::string(standIn1) + "\r\n");
-    struct stat status {};
-    ASSERT_EQ(stat(file.c_str(), &status), 0);
-    EXPECT_EQ(status.st_mode & 0777, 0640U);
+    EXPECT_EQ(fakes.folder.read("elsewhere/real.txt"), s1 + "\r\n");
+    EXPECT_EQ(status().st_mode & 0777, 0640U);
     EXPECT_FALSE(fakes.folder.exists("keps.tmp"));
 }
 

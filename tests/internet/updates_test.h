@@ -19,6 +19,17 @@ class UpdatesTest : public ::testing::Test {
         ++state.GroupCount;
         state.Groups[static_cast<std::size_t>(state.GroupCount)] = {name, url, flag};
     }
+    /// In the order of the fetcher's words.
+    static Texts proxyOf(const UpdatesForm& form) {
+        return {form.txtProxyHost, form.txtProxyPort, form.txtProxyUser, form.txtProxyPass};
+    }
+    void chooseProxy() {
+        form.OPproxyON = {false, true};
+        form.txtProxyHost = proxy[0];
+        form.txtProxyPort = proxy[1];
+        form.txtProxyUser = proxy[2];
+        form.txtProxyPass = proxy[3];
+    }
     /// The next fetches write these bytes.
     void serve(const std::string& content) {
         fakes.fetcher.onFetch = [this, content](const FakeFetcher::Request& request) {
@@ -26,7 +37,11 @@ class UpdatesTest : public ::testing::Test {
             return std::optional<FetchError>();
         };
     }
+    void failFetches(const FetchError& error) {
+        fakes.fetcher.onFetch = [error](const FakeFetcher::Request&) { return std::optional(error); };
+    }
 
+    const Texts proxy{"proxy.example", "3128", "anna", "secret"};
     TestServices fakes;
     ProgramState state;
     UpdatesForm form;

@@ -19,13 +19,9 @@ namespace vantrace {
 namespace {
 
 std::time_t secondsOf(const ClockParts& parts) {
-    std::tm time{};
-    time.tm_year = parts.year - 1900;
-    time.tm_mon = parts.month - 1;
-    time.tm_mday = parts.day;
-    time.tm_hour = parts.hour;
-    time.tm_min = parts.minute;
-    time.tm_sec = parts.second;
+    std::tm time{
+        parts.second, parts.minute, parts.hour, parts.day, parts.month - 1, parts.year - 1900, 0, 0, 0, 0,
+        nullptr};
     return timegm(&time);
 }
 
@@ -87,15 +83,14 @@ TEST(MachineFormat, FollowsTheEnvironmentAndLeavesTheProcessAlone) {
         !makeLocale(folder, "en_US", "en_US") || !makeLocale(folder, "zh_CN", "zh_CN")) {
         GTEST_SKIP() << "this machine can't make locales";
     }
-    EXPECT_EXIT(tellFormat(folder, "de_DE.UTF-8"), testing::ExitedWithCode(0),
-                "mark , at 05.03.2024 17:08:09 on Dienstag, 5 März 2024 in C");
-    EXPECT_EXIT(tellFormat(folder, "en_US.UTF-8"), testing::ExitedWithCode(0),
-                "on Tuesday, March 5, 2024 in C");
-    EXPECT_EXIT(tellFormat(folder, "zh_CN.UTF-8"), testing::ExitedWithCode(0),
-                "on 2024年03月05日 星期二 in C");
-    // The mark of this one has several bytes.
-    EXPECT_EXIT(tellFormat(folder, "ps_AF.UTF-8"), testing::ExitedWithCode(0),
-                "mark \\. at 05.03.2024 17:08:09 on Dienstag, 5 März 2024 in C");
+    // The decimal mark of ps_AF has several bytes.
+    const std::vector<std::pair<const char*, const char*>> told{
+        {"de_DE.UTF-8", "mark , at 05.03.2024 17:08:09 on Dienstag, 5 März 2024 in C"},
+        {"en_US.UTF-8", "on Tuesday, March 5, 2024 in C"},
+        {"zh_CN.UTF-8", "on 2024年03月05日 星期二 in C"},
+        {"ps_AF.UTF-8", "mark \\. at 05.03.2024 17:08:09 on Dienstag, 5 März 2024 in C"}};
+    for (const auto& [locale, text] : told)
+        EXPECT_EXIT(tellFormat(folder, locale), testing::ExitedWithCode(0), text);
 }
 
 TEST(ProcessPriority, GoesDownOnlyWhereItCanComeBack) {

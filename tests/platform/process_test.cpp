@@ -1,4 +1,4 @@
-// Programs that are really started.
+// Programs that are really started, and addresses that may be opened.
 #include "platform/process.h"
 
 #include <fcntl.h>
@@ -10,6 +10,7 @@
 #include <cstdio>
 #include <thread>
 
+#include "platform/desktop.h"
 #include "tests/support/temporary_folder.h"
 #include "tests/support/testing.h"
 
@@ -122,6 +123,48 @@ TEST_F(ProcessTest, EndKeepsWhatWasWrittenBefore) {
         },
         ::testing::ExitedWithCode(3), "");
     EXPECT_EQ(folder.read("written"), "whole");
+}
+
+TEST(IsOpenableAddress, TakesPagesAndMailInAnyCase) {
+    for (const char* const address :
+         {"http://vantrace.example", "https://vantrace.example/help/?a=1&b=%20#top",
+          "HTTPS://Vantrace.Example:8080/", "https://user@host/", "https://[::1]/",
+          "mailto:maintainer@vantrace.example?subject=Satellite%20Info%20Request%20for%20ISS_(ZARYA)",
+          "MailTo:a@b"}) {
+        EXPECT_TRUE(isOpenableAddress(address)) << address;
+    }
+}
+
+TEST(IsOpenableAddress, RefusesAllElse) {
+    const std::vector<std::pair<const char*, Texts>> refused{
+        {"starts programs or reads files",
+         {"", "vantrace.example", "//vantrace.example/", "/etc/passwd", "file:///etc/passwd",
+          "javascript:alert(1)", "ftp://vantrace.example/", "data:text/html,x", "smb://host/share",
+          "httpx://host/", "view-source:https://host/", "--help", "-http://host/", " https://host/"}},
+        {"has no place",
+         {"http:", "http:host", "https://", "https:///etc/passwd", "http://?q", "http://:80/", "http://@host",
+          "mailto:", "mailto:?attach=/etc/passwd", "mailto://host"}},
+        {"holds signs that no address holds",
+         {"https://host/a b", "https://host/\n", std::string("https://host/\0file", 18),
+          "https://host/\x1b[2J", "https://host/\x7f", "https://host/\"quoted\"", "https://host/`id`",
+          "https://host\\share", "https://host/<b>", "https://host/{a,b}|c", "https://h\xC3\xB6st/",
+          "https://host/\x9b"}}};
+    for (const auto& [reason, addresses] : refused)
+        for (const std::string& address : addresses)
+            EXPECT_FALSE(isOpenableAddress(address)) << address << ' ' << reason;
+}
+
+TEST(NoDesktop, SaysThatThereIsNoneToOpenAnything) {
+    NoDesktop desktop;
+    try {
+        desktop.openAddress("https://vantrace.example/");
+        FAIL();
+    } catch (const DesktopError& failure) {
+        EXPECT_STREQ(failure.what(), "there is no desktop to open https://vantrace.example/");
+    }
+    EXPECT_THROW(desktop.openTextFile("/etc/passwd"), DesktopError);
+    EXPECT_FALSE(desktop.hasSystemInformation());
+    EXPECT_THROW(desktop.startSystemInformation(), DesktopError);
 }
 
 }  // namespace

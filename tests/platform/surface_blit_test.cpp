@@ -1,4 +1,3 @@
-
 #include <numeric>
 
 #include "platform/surface.h"
@@ -13,6 +12,8 @@ namespace vantrace {
 namespace {
 
 constexpr std::array samplings{Sampling::nearest, Sampling::linear, Sampling::cubic};
+constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
+constexpr double infinity = std::numeric_limits<double>::infinity();
 
 Area whole(const Surface& surface) {
     return {0, 0, double(surface.width()), double(surface.height())};
@@ -211,8 +212,6 @@ TEST(Stretch, ClipsAtTheDestination) {
 
 TEST(Stretch, RefusesAreasThatAreNotSound) {
     const Surface picture = noise(10, 10, 1);
-    constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
-    constexpr double infinity = std::numeric_limits<double>::infinity();
     Surface surface = noise(8, 8, 2);
     const std::vector<std::uint32_t> before = wordsOf(surface);
     const Area sound(0, 0, 8, 8);
@@ -325,17 +324,9 @@ class WildNumbers {
         return static_cast<int>(m_random() % 120) - 40;
     }
     double real() {
-        constexpr std::array extremes{1e9,
-                                      -1e9,
-                                      1e300,
-                                      -1e300,
-                                      1e18,
-                                      -2.5e9,
-                                      std::numeric_limits<double>::max(),
-                                      1e-300,
-                                      0.0,
-                                      std::numeric_limits<double>::quiet_NaN(),
-                                      std::numeric_limits<double>::infinity()};
+        constexpr double most = std::numeric_limits<double>::max();
+        constexpr std::array extremes{1e9,  -1e9,   1e300, -1e300,     1e18,    -2.5e9,
+                                      most, 1e-300, 0.0,   notANumber, infinity};
         if (m_random() % 4 == 0) return extremes[m_random() % extremes.size()];
         return static_cast<double>(m_random() % 12000) / 100 - 40;
     }

@@ -33,6 +33,17 @@ class LinePublisherTest : public ::testing::Test {
         }
         return false;
     }
+    void connectTo(QLocalSocket& socket) const {
+        for (int i = 0; i < 50 && socket.state() != QLocalSocket::ConnectedState; ++i) {
+            socket.connectToServer(QString::fromStdString(places.socket.string()));
+            if (!socket.waitForConnected(1000)) QTest::qSleep(20);
+        }
+    }
+    /// Connects, and hears this line first.
+    void join(QTcpSocket& socket, const QByteArray& line) const {
+        ASSERT_TRUE(connectTo(socket));
+        EXPECT_EQ(heard(socket, "\n"), line + "\n");
+    }
     /// What comes until a line with this end.
     static QByteArray heard(QIODevice& device, const QByteArray& end) {
         QByteArray text;
@@ -62,13 +73,11 @@ TEST_F(LinePublisherTest, NoPlaceIsOpenBeforeThereIsALine) {
 TEST_F(LinePublisherTest, ANewClientGetsThePresentLineAndAllLater) {
     publisher.publish("SNISS AZ1.00");
     QTcpSocket socket;
-    ASSERT_TRUE(connectTo(socket));
-    EXPECT_EQ(heard(socket, "\n"), "SNISS AZ1.00\n");
+    join(socket, "SNISS AZ1.00");
     publisher.publish("two\nlines");
     EXPECT_EQ(heard(socket, "\n"), "two lines\n");
     QLocalSocket local;
-    local.connectToServer(QString::fromStdString(places.socket.string()));
-    ASSERT_TRUE(local.waitForConnected(1000));
+    connectTo(local);
     EXPECT_EQ(heard(local, "\n"), "two lines\n");
     struct stat status {};
     ASSERT_EQ(stat(places.socket.c_str(), &status), 0);
@@ -81,8 +90,7 @@ TEST_F(LinePublisherTest, ANewClientGetsThePresentLineAndAllLater) {
 TEST_F(LinePublisherTest, AnEmptyLineTellsOnceThatTheLineIsOff) {
     publisher.publish("on");
     QTcpSocket first;
-    ASSERT_TRUE(connectTo(first));
-    EXPECT_EQ(heard(first, "\n"), "on\n");
+    join(first, "on");
     publisher.publish("");
     EXPECT_EQ(heard(first, "\n"), "\n");
     publisher.publish("");
@@ -117,8 +125,7 @@ TEST_F(LinePublisherTest, ASlowClientHoldsNobodyUpAndGetsTheNewestLineWhole) {
     slow.setReadBufferSize(1);
     ASSERT_TRUE(connectTo(slow));
     QTcpSocket quick;
-    ASSERT_TRUE(connectTo(quick));
-    EXPECT_EQ(heard(quick, "\n"), "start\n");
+    join(quick, "start");
     constexpr int lines = 20'000;
     QElapsedTimer clock;
     clock.start();
@@ -148,8 +155,7 @@ TEST_F(LinePublisherTest, ASlowClientHoldsNobodyUpAndGetsTheNewestLineWhole) {
 TEST_F(LinePublisherTest, WhoTalksMuchIsCutOffAndTheOthersStay) {
     publisher.publish("one");
     QTcpSocket listener;
-    ASSERT_TRUE(connectTo(listener));
-    EXPECT_EQ(heard(listener, "\n"), "one\n");
+    join(listener, "one");
     QTcpSocket talker;
     ASSERT_TRUE(connectTo(talker));
     talker.write("GET / HTTP/1.1\r\n\r\n");
@@ -178,8 +184,7 @@ TEST_F(LinePublisherTest, OnlySoManyAreServed) {
     sockets.clear();
     QTest::qSleep(100);
     QTcpSocket later;
-    ASSERT_TRUE(connectTo(later));
-    EXPECT_EQ(heard(later, "\n"), "line\n") << "their places are free again";
+    join(later, "line");  // their places are free again
 }
 
 TEST_F(LinePublisherTest, APlaceThatIsTakenIsDoneWithout) {
@@ -196,27 +201,20 @@ TEST_F(LinePublisherTest, APlaceThatIsTakenIsDoneWithout) {
     EXPECT_NE(told[0].find("port " + std::to_string(places.port)), std::string::npos) << told[0];
     EXPECT_NE(told[1].find(places.socket.string()), std::string::npos) << told[1];
     QLocalSocket local;
-    local.connectToServer(QString::fromStdString(places.socket.string()));
-    ASSERT_TRUE(local.waitForConnected(1000));
+    connectTo(local);
     EXPECT_EQ(heard(local, "\n"), "first\n") << "and the other copy keeps its own";
 }
 
 TEST_F(LinePublisherTest, TheSocketOfADeadProgramIsReplaced) {
-    folder.write("line", "");
     {
         // What a killed program leaves: a socket that nobody serves.
-        std::filesystem::remove(places.socket);
         QLocalServer dead;
         ASSERT_TRUE(dead.listen(QString::fromStdString((folder.path() / "dead").string())));
         std::filesystem::rename(folder.path() / "dead", places.socket);
     }
     publisher.publish("alive");
     QLocalSocket local;
-    for (int i = 0; i < 50 && local.state() != QLocalSocket::ConnectedState; ++i) {
-        QTest::qSleep(20);
-        local.connectToServer(QString::fromStdString(places.socket.string()));
-        local.waitForConnected(1000);
-    }
+    connectTo(local);
     EXPECT_EQ(heard(local, "\n"), "alive\n");
 }
 

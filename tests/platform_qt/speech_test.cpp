@@ -1,4 +1,5 @@
-// The voice where nobody speaks, and what it consists of. No daemon is needed; scripts/try-speech has one.
+// Voice and sound input where no daemon serves them, and what the voice consists of; scripts/try-speech has a
+// daemon.
 #include <sys/socket.h>
 #include <sys/un.h>
 
@@ -11,6 +12,7 @@
 #include <thread>
 
 #include "platform/file_descriptor.h"
+#include "platform/qt/qt_sound_capture.h"
 #include "platform/qt/qt_speech.h"
 #include "platform/qt/qt_speech_daemon.h"
 #include "platform/qt/qt_speech_desk.h"
@@ -37,15 +39,12 @@ double wordsPerMinuteAt(double rate) {
     return step < 0 ? 170 + step * 0.90 : 170 + step * 2.79;
 }
 
-TEST(SpeechPace, EachSpeedOfTheSettingsIsSpokenToTheNearestStep) {
+TEST(SpeechPace, EachSpeedIsSpokenToTheNearestStepAndThoseThatNoEngineHasAtTheEndsOfItsRange) {
     for (int speed = 80; speed <= 250; ++speed) {
         EXPECT_NEAR(wordsPerMinuteAt(speechRate(speed)), speed, speed < 170 ? 0.46 : 1.4);
     }
     EXPECT_EQ(wordsPerMinuteAt(speechRate(80)), 80);
     EXPECT_EQ(wordsPerMinuteAt(speechRate(449)), 449);
-}
-
-TEST(SpeechPace, SpeedsThatNoEngineHasAreTheEndsOfItsRange) {
     EXPECT_EQ(speechRate(-2147483647), -1);
     EXPECT_EQ(speechRate(0), -1);
     EXPECT_EQ(speechRate(2147483647), 1);
@@ -132,7 +131,7 @@ class DeafSocket {
     FileDescriptor m_socket;
 };
 
-TEST(SpeechDaemon, HangsWhereASocketIsKeptOpenAndDoesNotAnswer) {
+TEST(SpeechDaemon, HangsWhereASocketIsKeptOpenAndDoesNotAnswerAlone) {
     const TemporaryFolder folder;
     const std::string path = folder.appPath() + "socket";
     EXPECT_FALSE(isSpeechDaemonHanging(path, 1s));
@@ -141,14 +140,10 @@ TEST(SpeechDaemon, HangsWhereASocketIsKeptOpenAndDoesNotAnswer) {
     DeafSocket daemon(path);
     // The second finds the first still waiting, and those after them no more room.
     for (int i = 0; i < 4; ++i) EXPECT_TRUE(isSpeechDaemonHanging(path, 10ms)) << i;
-}
-
-TEST(SpeechDaemon, DoesNotHangWhereItAnswers) {
-    const TemporaryFolder folder;
-    const std::string path = folder.appPath() + "socket";
-    DeafSocket daemon(path);
-    std::thread life([&daemon] { daemon.answer(); });
-    EXPECT_FALSE(isSpeechDaemonHanging(path, 10s));
+    const std::string other = folder.appPath() + "other";
+    DeafSocket alive(other);
+    std::thread life([&alive] { alive.answer(); });
+    EXPECT_FALSE(isSpeechDaemonHanging(other, 10s));
     life.join();
 }
 
@@ -177,30 +172,25 @@ void expectSilence(Speech& speech) {
     EXPECT_EQ(speech.maker(), "");
 }
 
-TEST(QtSpeech, IsSilentAndQuickWhereNoDaemonCanBeReached) {
-    // An address that no client understands, so that none starts a daemon either.
-    setenv("SPEECHD_ADDRESS", "nowhere", 1);
-    auto speech = std::make_unique<QtSpeech>();
-    const Stopwatch asking;
-    expectSilence(*speech);
-    EXPECT_LT(asking.elapsed(), 5s);
-    const Stopwatch end;
-    speech.reset();
-    EXPECT_LT(end.elapsed(), 900ms);
-}
-
-TEST(QtSpeech, IsSilentAndQuickWhereTheDaemonHangs) {
+TEST(QtSpeech, IsSilentAndQuickWhereNoDaemonCanBeReachedAndWhereItHangs) {
     const TemporaryFolder folder;
     const std::string path = folder.appPath() + "socket";
     const DeafSocket daemon(path);
-    setenv("SPEECHD_ADDRESS", ("unix_socket:" + path).c_str(), 1);
-    const Stopwatch all;
-    {
-        QtSpeech unused;
-        QtSpeech speech;
-        expectSilence(speech);
+    // An address that no client understands, so that none starts a daemon either; and one that hangs.
+    for (const std::string& address : {std::string("nowhere"), "unix_socket:" + path}) {
+        SCOPED_TRACE(address);
+        setenv("SPEECHD_ADDRESS", address.c_str(), 1);
+        const Stopwatch all;
+        {
+            const QtSpeech unused;
+            auto speech = std::make_unique<QtSpeech>();
+            expectSilence(*speech);
+            const Stopwatch end;
+            speech.reset();
+            EXPECT_LT(end.elapsed(), address == "nowhere" ? 900ms : 5000ms);
+        }
+        EXPECT_LT(all.elapsed(), 5s);
     }
-    EXPECT_LT(all.elapsed(), 5s);
 }
 
 TEST(QtSpeech, TellsInAWindowThatThereIsNoEngine) {
@@ -220,6 +210,30 @@ TEST(QtSpeech, TellsInAWindowThatThereIsNoEngine) {
     speech.showAbout("Speechpack used by Vantrace");
     EXPECT_EQ(title, "Speechpack used by Vantrace");
     EXPECT_EQ(text, "No speech engine was found.");
+}
+
+/// scripts/try-record tries the sound input on a machine that has a sound server.
+TEST(QtSoundCapture, WithoutASoundServerAllFailsAtOnceAndLeavesNothing) {
+    const TemporaryFolder folder;
+    std::filesystem::current_path(folder.path());
+    qputenv("PULSE_SERVER", QByteArray::fromStdString("unix:" + folder.appPath() + "nobody"));
+    const auto start = std::chrono::steady_clock::now();
+    {
+        QtSoundCapture capture;
+        EXPECT_TRUE(capture.closeAll()) << "nothing is open";
+        EXPECT_FALSE(capture.stop());
+        EXPECT_FALSE(capture.open());
+        EXPECT_FALSE(capture.seekToStart());
+        EXPECT_FALSE(capture.setFormat({}));
+        EXPECT_FALSE(capture.record());
+        EXPECT_FALSE(capture.stop());
+        EXPECT_FALSE(capture.save("sound.wav"));
+        EXPECT_FALSE(capture.close());
+        EXPECT_TRUE(capture.closeAll());
+    }
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(5));
+    EXPECT_TRUE(folder.names().empty());
+    std::filesystem::current_path("/");
 }
 
 }  // namespace

@@ -1,7 +1,6 @@
 #include <numeric>
 
 #include "platform/qt/qt_text_painter.h"
-#include "platform/surface.h"
 #include "tests/support/testing.h"
 
 namespace vantrace {
@@ -78,26 +77,6 @@ TEST(TextPainter, AnythingIsAText) {
     // More texts than are remembered.
     for (int i = 0; i < 2100; ++i) painter.coverageOf(small, std::to_string(i), 1);
     EXPECT_GT(ink(painter.coverageOf(small, "0", 1)), 5);
-}
-
-TEST(TextPainter, PrintsOnASurfaceFromThePenOn) {
-    QtTextPainter painter;
-    Surface surface(60, 30);
-    surface.setPenColour(0xFFFFFF);
-    surface.setFont(small);
-    surface.movePen(10, 8);
-    surface.print(painter, "NOAA");
-    int left = 60;
-    int top = 30;
-    for (int y = 0; y < 30; ++y) {
-        for (int x = 0; x < 60; ++x) {
-            if (surface.pixel(x, y) == 0) continue;
-            left = std::min(left, x);
-            top = std::min(top, y);
-        }
-    }
-    EXPECT_NEAR(left, 10, 2);
-    EXPECT_NEAR(top, 10, 3);
 }
 
 }  // namespace

@@ -5,7 +5,6 @@
 #include "core/labels.h"
 #include "orbit/next_pass.h"
 #include "tests/orbit/program/program_test.h"
-#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {
@@ -49,16 +48,6 @@ TEST_F(AnnouncementsTest, PositionsAreThoseOfTheTableWithTheFloorOfEachAngle) {
     EXPECT_EQ(fakes.speech.texts, (Texts{"The International Space station, Azimuth 359 Elevation 10. ",
                                          "AO 73, Azimuth 12 Elevation -1. ",
                                          "The Hubble space telescope, Azimuth 0 Elevation 0. "}));
-}
-
-TEST_F(AnnouncementsTest, WithoutSpeechpackOrVoiceNothingIsSaidAndNothingFails) {
-    addFavourite("HST");
-    fakes.speech.fails = true;
-    EXPECT_NO_THROW(AnnouncePositions(state, services, false));
-    fakes.speech.fails = false;
-    SaveConfig(services, settings::speechpack, "0");
-    AnnouncePositions(state, services, false);
-    EXPECT_TRUE(fakes.speech.texts.empty());
 }
 
 TEST_F(AnnouncementsTest, APassIsAnnouncedFromFourteenMinutesToOne) {

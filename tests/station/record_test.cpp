@@ -15,24 +15,6 @@ namespace fs = std::filesystem;
 const Texts startCommands{"close all", "open", "seek", "format 8 11025 1", "record"};
 const Texts stopCommands{"stop", "save 08211205.wav", "close", "close all"};
 
-/// A sound card that saves by writing what it is.
-class SavingCapture final : public SoundCapture {
-  public:
-    bool closeAll() override { return true; }
-    bool open() override { return true; }
-    bool seekToStart() override { return true; }
-    bool setFormat(const CaptureFormat&) override { return true; }
-    bool record() override { return hasSound = true; }
-    bool save(std::string_view file) override {
-        if (hasSound) std::ofstream(std::string(file)) << "sound";
-        return std::exchange(hasSound, false);
-    }
-    bool stop() override { return hasSound; }
-    bool close() override { return true; }
-
-    bool hasSound = false;
-};
-
 /// In a folder of its own, which is the current directory meanwhile.
 class RecordTest : public ::testing::Test {
   protected:
@@ -54,6 +36,12 @@ class RecordTest : public ::testing::Test {
     void tick(int seconds = 1) {
         for (int i = 0; i < seconds; ++i) Timer1_Timer(form, state, services);
     }
+    /// Up to its end, with the file that the sound card will have written.
+    void recordPass(std::string_view name) {
+        startPass(name);
+        tick(15);
+        fakes.folder.write("08211205.wav", "sound");
+    }
     Texts commands() { return std::exchange(fakes.capture.commands, {}); }
     bool isLoaded() { return services.windows.isLoaded("Record"); }
 
@@ -65,33 +53,11 @@ class RecordTest : public ::testing::Test {
     RecordForm form;
 };
 
-/// The same with a card that writes files.
-class RecordFileTest : public RecordTest {
-  protected:
-    Services withCard{fakes.clock,       fakes.events,      fakes.settings,
-                      fakes.speech,      fakes.dialogs,     fakes.desktop,
-                      fakes.displayMode, fakes.process,     capture,
-                      fakes.pictures,    fakes.textPainter, fakes.printer,
-                      fakes.fetcher,     fakes.timeClient,  fakes.linePublisher,
-                      fakes.errorLog,    fakes.windows,     {}};
-    void recordPass(std::string_view name) {
-        StartRecording(form, state, withCard, name);
-        for (int i = 0; i < 15; ++i) Timer1_Timer(form, state, withCard);
-    }
-    Texts files() const {
-        Texts names;
-        for (const auto& entry : fs::recursive_directory_iterator("."))
-            names.push_back(entry.path().string());
-        std::ranges::sort(names);
-        return names;
-    }
-    std::string content(const std::string& name) const { return fakes.folder.read(name); }
-
-    SavingCapture capture;
-};
-
-TEST_F(RecordTest, ThePassIsAnnouncedAndCountedDownFromFifteen) {
+TEST_F(RecordTest, ThePassIsAnnouncedAndCountedDownFromFifteenToTheCapture) {
     startPass("NOAA 15");
+    tick(9);
+    startPass("NOAA 15");
+    EXPECT_EQ(form.SecondsLeft, 15) << "a second start begins again";
     EXPECT_EQ(state.RecordingSat, "NOAA 15");
     EXPECT_EQ(form.PassStamp, "Friday, 21 August 2026 - 12 05");
     EXPECT_EQ(form.Status,
@@ -102,13 +68,7 @@ TEST_F(RecordTest, ThePassIsAnnouncedAndCountedDownFromFifteen) {
     tick(13);
     EXPECT_EQ(form.Countdown, "Recording in 1 Seconds");
     EXPECT_EQ(commands(), Texts{});
-    startPass("NOAA 15");
-    EXPECT_EQ(form.SecondsLeft, 15) << "a second start begins again";
-}
-
-TEST_F(RecordTest, AtZeroTheCaptureStarts) {
-    startPass("NOAA 15");
-    tick(15);
+    tick();
     EXPECT_FALSE(form.Timer1.isEnabled);
     EXPECT_EQ(form.Countdown, "RECORDING NOW");
     EXPECT_EQ(form.Status, "Recording of NOAA 15 will automatically stop when Satellite goes below  Degrees");
@@ -119,45 +79,17 @@ TEST_F(RecordTest, AtZeroTheCaptureStarts) {
     EXPECT_EQ(state.WaveBits, 8);
 }
 
-TEST_F(RecordTest, StartNowLetsTheNextTickBeTheLast) {
-    startPass("NOAA 15");
-    tick(3);
-    BUTstartstop_Click(form, state, services);
-    EXPECT_EQ(form.BUTstartstop, "Stop Now");
-    EXPECT_EQ(commands(), Texts{});
-    tick();
-    EXPECT_EQ(form.Countdown, "RECORDING NOW");
-    EXPECT_EQ(commands(), startCommands);
-}
-
-TEST_F(RecordTest, StopNowSavesAndUnloadsButThePassGoesOn) {
-    startPass("NOAA 15");
-    tick(15);
-    commands();
-    BUTstartstop_Click(form, state, services);
-    EXPECT_EQ(commands(), stopCommands);
-    EXPECT_FALSE(isLoaded());
-    EXPECT_TRUE(state.Recording);
-}
-
-TEST_F(RecordTest, StopRecordingSavesUnloadsAndEndsThePass) {
-    startPass("NOAA 15");
-    tick(15);
-    commands();
-    StopRecording(form, state, services);
-    EXPECT_EQ(commands(), stopCommands);
-    EXPECT_FALSE(isLoaded());
-    EXPECT_FALSE(state.Recording);
-}
-
-TEST_F(RecordTest, CancelHidesTheWindowAndKeepsThePassFromBeingStartedAgain) {
-    startPass("NOAA 15");
-    BUTcancel_Click(form, services);
-    EXPECT_FALSE(form.Timer1.isEnabled);
-    EXPECT_FALSE(services.windows.isOnScreen("Record"));
-    EXPECT_TRUE(isLoaded());
-    EXPECT_TRUE(state.Recording);
-    EXPECT_EQ(commands(), Texts{});
+TEST_F(RecordTest, StopNowAndTheEndOfThePassSaveAndUnloadButOnlyTheLatterEndsThePass) {
+    for (const auto& [stop, goesOn] : {std::pair{&BUTstartstop_Click, true}, {&StopRecording, false}}) {
+        services.windows.show("Record");
+        startPass("NOAA 15");
+        tick(15);
+        commands();
+        stop(form, state, services);
+        EXPECT_EQ(commands(), stopCommands);
+        EXPECT_FALSE(isLoaded());
+        EXPECT_EQ(state.Recording, goesOn);
+    }
 }
 
 TEST_F(RecordTest, EachFailureOfTheStartIsToldAndTheNextCommandIsGiven) {
@@ -195,19 +127,6 @@ TEST_F(RecordTest, APassThatEndsBehindAMessageGivesNoCommandAfterThat) {
     }
 }
 
-TEST_F(RecordTest, AWindowThatGoesSavesWhatIsBeingCaptured) {
-    startPass("NOAA 15");
-    Form_Unload(form, state, services);
-    EXPECT_EQ(commands(), Texts{}) << "nothing was being captured";
-    tick(15);
-    commands();
-    Form_Unload(form, state, services);
-    EXPECT_EQ(commands(), stopCommands);
-    EXPECT_TRUE(state.Recording);
-    Form_Unload(form, state, services);
-    EXPECT_EQ(commands(), Texts{}) << "once is enough";
-}
-
 TEST_F(RecordTest, AFileWithABlankInItsNameIsGivenInItsShortForm) {
     EXPECT_TRUE(SaveCapture(state, services, "one two.wav"));
     EXPECT_EQ(state.WaveLongName, "one two.wav");
@@ -217,40 +136,44 @@ TEST_F(RecordTest, AFileWithABlankInItsNameIsGivenInItsShortForm) {
     EXPECT_FALSE(fs::exists("one two.wav")) << "made for the question only";
 }
 
-TEST_F(RecordFileTest, TheFileBearsSatelliteDateAndTimeOfTheStart) {
-    recordPass("NOAA 15");
+TEST_F(RecordTest, TheFileBearsSatelliteDateAndTimeOfTheStart) {
+    startPass("NOAA 15");
+    tick(15);
     fakes.clock.setUtc({2026, 8, 21, 10, 19, 0}, 120);
-    StopRecording(form, state, withCard);
-    EXPECT_EQ(files(), Texts{"./NOAA 15 - Friday, 21 August 2026 - 12 05.wav"});
+    fakes.folder.write("08211219.wav", "sound");
+    StopRecording(form, state, services);
+    EXPECT_EQ(fakes.folder.names(), Texts{"NOAA 15 - Friday, 21 August 2026 - 12 05.wav"});
 }
 
-TEST_F(RecordFileTest, ANameThatNoFileCanHaveLeavesTheTemporaryOne) {
+TEST_F(RecordTest, ANameThatNoFileCanHaveLeavesTheTemporaryOne) {
     fs::create_directory("NOAA 15");
     for (const std::string& name : Texts{"NOAA 15/16", "../NOAA", std::string(300, 'N')}) {
         fs::remove("08211205.wav");
         recordPass(name);
-        StopRecording(form, state, withCard);
-        EXPECT_EQ(files(), (Texts{"./08211205.wav", "./NOAA 15"})) << name;
+        StopRecording(form, state, services);
+        EXPECT_EQ(fakes.folder.names(), (Texts{"08211205.wav", "NOAA 15"})) << name;
+        EXPECT_TRUE(fs::is_empty("NOAA 15"));
     }
     EXPECT_TRUE(fakes.dialogs.messages.empty());
 }
 
-TEST_F(RecordFileTest, AnEarlierRecordingOfTheNameIsKept) {
+TEST_F(RecordTest, AnEarlierRecordingOfTheNameIsKept) {
     fakes.folder.write("NOAA 15 - Friday, 21 August 2026 - 12 05.wav", "earlier");
     recordPass("NOAA 15");
-    StopRecording(form, state, withCard);
-    EXPECT_EQ(content("NOAA 15 - Friday, 21 August 2026 - 12 05.wav"), "earlier");
-    EXPECT_EQ(content("08211205.wav"), "sound");
+    StopRecording(form, state, services);
+    EXPECT_EQ(fakes.folder.read("NOAA 15 - Friday, 21 August 2026 - 12 05.wav"), "earlier");
+    EXPECT_EQ(fakes.folder.read("08211205.wav"), "sound");
 }
 
-TEST_F(RecordFileTest, TheEndOfAPassStoppedByHandTouchesNoFile) {
+TEST_F(RecordTest, TheEndOfAPassStoppedByHandTouchesNoFile) {
     recordPass("NOAA 15/16");
-    BUTstartstop_Click(form, state, withCard);
-    ASSERT_EQ(content("08211205.wav"), "sound");
+    BUTstartstop_Click(form, state, services);
+    ASSERT_EQ(fakes.folder.read("08211205.wav"), "sound");
     RecordForm anew;
-    StopRecording(anew, state, withCard);
-    EXPECT_EQ(files(), Texts{"./08211205.wav"});
-    EXPECT_EQ(content("08211205.wav"), "sound");
+    fakes.capture.failing = {"save 08211205.wav"};
+    StopRecording(anew, state, services);
+    EXPECT_EQ(fakes.folder.names(), Texts{"08211205.wav"});
+    EXPECT_EQ(fakes.folder.read("08211205.wav"), "sound");
 }
 
 }  // namespace

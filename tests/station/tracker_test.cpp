@@ -4,12 +4,11 @@
 
 #include "orbit/angles.h"
 #include "tests/support/fake_window.h"
-#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {
 
-TEST_F(TrackerTest, NothingHappensUntilTheLinkIsSwitchedOnAndNothingAfter) {
+TEST_F(TrackerTest, TheLinkRunsFromItsSwitchToItsSwitchAndAClosedWindowTakesLineAndWordAlong) {
     state.TrackerTag = "of a window before";
     Form_Load(form, state, services);
     EXPECT_EQ(state.TrackerTag, "");
@@ -25,11 +24,15 @@ TEST_F(TrackerTest, NothingHappensUntilTheLinkIsSwitchedOnAndNothingAfter) {
     EXPECT_FALSE(form.Timer1.isEnabled);
     EXPECT_EQ(form.Tracking, "");
     EXPECT_EQ(published().back(), "");
+    track("ISS (ZARYA)");
+    Form_Unload(form, state, services);
+    EXPECT_EQ(published().back(), "");
+    EXPECT_EQ(state.TrackerTag, "");
+    EXPECT_FALSE(form.Timer1.isEnabled);
 }
 
 TEST_F(TrackerTest, TheDropDownsAreFilledWithEachFrequencyOnce) {
-    open("ISS (ZARYA)");
-    tick();
+    track("ISS (ZARYA)");
     EXPECT_EQ(form.lblSelSat, "ISS (ZARYA)");
     // "437.800" doesn't stand in its line, "145.800" in both of its own does.
     EXPECT_EQ(form.COMdownlink.items, (Texts{"145.800", "437.800", "437.550"}));
@@ -43,16 +46,14 @@ TEST_F(TrackerTest, OnlyTwentyLinesOfTheBlockAreLookedAt) {
     for (int i = 0; i < 18; ++i) record += "DNLINK 145." + std::to_string(100 + i) + "\r\n";
     fakes.folder.write("satellite.dat",
                        record + "DNLINK 437.100\r\nDNLINK 437.200\r\nUPLINK 435.1\r\n***\r\n");
-    open("ISS");
-    tick();
+    track("ISS");
     ASSERT_EQ(form.COMdownlink.items.size(), 19U) << "the first of the twenty is the heading";
     EXPECT_EQ(form.COMdownlink.items.back(), "437.100");
     EXPECT_EQ(form.COMuplink.text, "0");
 }
 
 TEST_F(TrackerTest, WithoutFrequenciesTheLineSaysZero) {
-    open("INTELSAT 10-02");
-    tick();
+    track("INTELSAT 10-02");
     EXPECT_EQ(form.COMuplink.text, "0");
     EXPECT_EQ(form.COMdownlink.text, "0");
     EXPECT_EQ(form.lblUplink, "0.0000");
@@ -79,14 +80,14 @@ TEST_F(TrackerTest, AWholePassAgreesWithTheChangeOfTheRange) {
                             engine().track("ISS (ZARYA)", plusSeconds(now, -0.5)).rangeKm;
         const double ratio = rate / 299792.458;
         // The caption is good to 50 Hz, a frequency in single precision to 8.
-        ASSERT_NEAR(std::stod(field("DN")), 145.8e6 * (1 - ratio), 70) << form.Tracking;
-        ASSERT_NEAR(std::stod(field("UP")), 145.99e6 * (1 + ratio), 70) << form.Tracking;
-        ASSERT_NEAR(std::stod(field("DO")), -ratio * 1e8, 2) << form.Tracking;
+        ASSERT_NEAR(number("DN"), 145.8e6 * (1 - ratio), 70) << form.Tracking;
+        ASSERT_NEAR(number("UP"), 145.99e6 * (1 + ratio), 70) << form.Tracking;
+        ASSERT_NEAR(number("DO"), -ratio * 1e8, 2) << form.Tracking;
         const TrackResult track = engine().track("ISS (ZARYA)", now);
-        ASSERT_NEAR(std::stod(field("AZ")), track.azimuthRad * 180 / M_PI, 0.0051) << form.Tracking;
-        ASSERT_NEAR(std::stod(field("EL")), track.elevationRad * 180 / M_PI, 0.0051) << form.Tracking;
-        least = std::min(least, std::stod(field("DO")));
-        most = std::max(most, std::stod(field("DO")));
+        ASSERT_NEAR(number("AZ"), track.azimuthRad * 180 / M_PI, 0.0051) << form.Tracking;
+        ASSERT_NEAR(number("EL"), track.elevationRad * 180 / M_PI, 0.0051) << form.Tracking;
+        least = std::min(least, number("DO"));
+        most = std::max(most, number("DO"));
     }
     // From rise to set the satellite comes nearer, then goes: some 4 km/s on this low pass.
     EXPECT_GT(most, 1000);
@@ -128,15 +129,14 @@ TEST_F(TrackerTest, TheLineIsWrittenToTheLetterWithFiguresOfSinglePrecision) {
     EXPECT_EQ(form.TrackAz, static_cast<float>(RadToDeg(track.azimuthRad)));
     char caption[32];
     std::snprintf(caption, sizeof caption, "%.4f", static_cast<double>(form.DownlinkNow));
-    EXPECT_NEAR(std::stod(field("DN")), std::stod(caption) * 1e6, 100.1);
+    EXPECT_NEAR(number("DN"), std::stod(caption) * 1e6, 100.1);
 }
 
 TEST_F(TrackerTest, TypedFrequenciesAreReadAtEachTickAndAnEmptyOneEndsIt) {
-    open("ISS (ZARYA)");
-    tick();
+    track("ISS (ZARYA)");
     form.COMdownlink.text = "437.8";
     tick();
-    EXPECT_NEAR(std::stod(field("DN")), 437.8e6, 15000);
+    EXPECT_NEAR(number("DN"), 437.8e6, 15000);
     const std::string line = form.Tracking;
     const std::size_t told = published().size();
     fakes.clock.advanceSeconds(30);
@@ -156,7 +156,7 @@ TEST_F(TrackerTest, TheMoonTakesTheSatellitesPlaceAndFillsTheDropDownsEachTick) 
     const TrackResult moon = engine().track("moon", instantFromCalendar({2026, 8, 21, 20, 0, 0}));
     EXPECT_TRUE(form.Tracking.starts_with("SNmoon AZ")) << form.Tracking;
     EXPECT_NEAR(std::stod(form.lblAz), moon.azimuthRad * 180 / M_PI, 0.0051);
-    EXPECT_NEAR(std::stod(field("EL")), moon.elevationRad * 180 / M_PI, 0.0051);
+    EXPECT_NEAR(number("EL"), moon.elevationRad * 180 / M_PI, 0.0051);
     EXPECT_EQ(field("UP"), "none");
     EXPECT_EQ(field("DN"), "none");
     EXPECT_NE(field("DO"), "none");
@@ -170,8 +170,7 @@ TEST_F(TrackerTest, TheMoonTakesTheSatellitesPlaceAndFillsTheDropDownsEachTick) 
 }
 
 TEST_F(TrackerTest, AnotherSatelliteIsSeenAtTheNextTick) {
-    open("ISS (ZARYA)");
-    tick();
+    track("ISS (ZARYA)");
     state.TrackerTag = " FUNCUBE-1 (AO-73)";
     fakes.folder.write("satellite.dat", " FUNCUBE 1 (AO 73)\r\nBEACON 145.935\r\n***\r\n");
     tick();
@@ -180,8 +179,7 @@ TEST_F(TrackerTest, AnotherSatelliteIsSeenAtTheNextTick) {
 }
 
 TEST_F(TrackerTest, WhatFailsIsLoggedAndTheRestGoesOn) {
-    open("ISS (ZARYA)");
-    tick();
+    track("ISS (ZARYA)");
     const std::string elevation = form.lblEL;
     form.COMdownlink.text = "low";
     fakes.clock.advanceSeconds(60);
@@ -209,29 +207,9 @@ TEST_F(TrackerTest, WithoutTheEngineTheWindowGoes) {
     fakes.windows.releaseUnloaded();
 }
 
-TEST_F(TrackerTest, AClosedWindowTakesItsLineAndItsWordAlong) {
-    open("ISS (ZARYA)");
-    tick();
-    Form_Unload(form, state, services);
-    EXPECT_EQ(published().back(), "");
-    EXPECT_EQ(state.TrackerTag, "");
-    EXPECT_FALSE(form.Timer1.isEnabled);
-}
-
-TEST_F(TrackerTest, TheStationProgramIsStartedFromTheProgramFolder) {
-    BUTwisp_Click(state, services);
-    EXPECT_EQ(fakes.dialogs.messages,
-              (Texts{"WiSP-DDE is not installed, it must be in the Vantrace folder."}));
-    EXPECT_TRUE(fakes.desktop.started.empty());
-    fakes.folder.write("wispdde.exe", "#!/bin/sh\n");
-    BUTwisp_Click(state, services);
-    EXPECT_EQ(fakes.desktop.started, (Texts{state.AppPath + "wispdde.exe"}));
-    EXPECT_EQ(fakes.dialogs.messages.size(), 1U);
-}
-
-TEST_F(CommaTrackerTest, TheCommaStandsEverywhereButInTheFrequenciesOfTheLine) {
-    open("ISS (ZARYA)");
-    tick();
+TEST_F(TrackerTest, TheCommaStandsEverywhereButInTheFrequenciesOfTheLine) {
+    services.format.decimalMark = ',';
+    track("ISS (ZARYA)");
     // The comma keeps the two texts apart, so that the frequency of the repeated line is added again.
     EXPECT_EQ(form.COMdownlink.items, (Texts{"145,800", "437,800", "145,800", "437,550"}));
     EXPECT_NE(form.lblAz.find(','), std::string::npos);
@@ -239,11 +217,11 @@ TEST_F(CommaTrackerTest, TheCommaStandsEverywhereButInTheFrequenciesOfTheLine) {
     EXPECT_NE(field("AZ").find(','), std::string::npos);
     EXPECT_NE(field("EL").find(','), std::string::npos);
     EXPECT_NE(field("DO").find(','), std::string::npos);
-    EXPECT_NEAR(std::stod(field("DN")), 145.8e6, 5000);
+    EXPECT_NEAR(number("DN"), 145.8e6, 5000);
     EXPECT_EQ(field("UP").find(','), std::string::npos);
     form.COMdownlink.text = "437,8";
     tick();
-    EXPECT_NEAR(std::stod(field("DN")), 437.8e6, 15000);
+    EXPECT_NEAR(number("DN"), 437.8e6, 15000);
 }
 
 }  // namespace

@@ -1,6 +1,5 @@
 #include "app/station/station_main.h"
 
-#include <QFile>
 #include <QProcess>
 #include <QProcessEnvironment>
 
@@ -9,7 +8,6 @@
 #include "platform/system_clock.h"
 #include "tests/app/station/tcp_daemon.h"
 #include "tests/support/temporary_folder.h"
-#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {
@@ -46,41 +44,35 @@ class StarterTest : public ::testing::Test {
         namespace fs = std::filesystem;
         fs::create_directory(program);
         fs::copy_file(VANTRACE_STARTER, program / "wispdde.exe");
-        m_folder.write("program/vantrace-station",
-                       "#!/bin/sh\necho a word\necho \"$@\" >\"" + noted.string() + "\"\n");
+        folder.write("program/vantrace-station",
+                     "#!/bin/sh\necho a word\necho \"$@\" >\"" + noted.string() + "\"\n");
         for (const char* const name : {"wispdde.exe", "vantrace-station"}) {
             fs::permissions(program / name, fs::perms::owner_all);
         }
     }
     ~StarterTest() override { std::filesystem::permissions(program, std::filesystem::perms::owner_all); }
+    /// Whether the station was started and has noted that.
     bool starts(const QStringList& arguments = {}) const {
+        std::filesystem::remove(noted);
         const QString starter = QString::fromStdString((program / "wispdde.exe").string());
         return QProcess::execute(starter, arguments) == 0 &&
-               eventually([&] { return textOf(noted).ends_with("\n"); });
+               eventually([&] { return folder.read("noted").ends_with("\n"); });
     }
-    static std::string textOf(const std::filesystem::path& file) {
-        QFile text(QString::fromStdString(file.string()));
-        if (!text.open(QIODevice::ReadOnly)) return {};
-        return text.readAll().toStdString();
-    }
+    std::string whatWasNoted() const { return folder.read("noted"); }
+    std::string log() const { return folder.read("program/station.log"); }
 
-  private:
-    TemporaryFolder m_folder;
-
-  protected:
-    const std::filesystem::path program = m_folder.path() / "program";
-    const std::filesystem::path noted = m_folder.path() / "noted";
+    const TemporaryFolder folder;
+    const std::filesystem::path program = folder.path() / "program";
+    const std::filesystem::path noted = folder.path() / "noted";
 };
 
 TEST_F(StarterTest, StartsTheStationOfItsFolderWithALogThatIsKept) {
     ASSERT_TRUE(starts({"--radio", "none"}));
-    EXPECT_EQ(textOf(noted), "--data " + program.string() + " --radio none\n");
-    std::filesystem::remove(noted);
+    EXPECT_EQ(whatWasNoted(), "--data " + program.string() + " --radio none\n");
     ASSERT_TRUE(starts());
-    EXPECT_EQ(textOf(program / "station.log"), "a word\na word\n");
-    std::filesystem::remove(noted);
+    EXPECT_EQ(log(), "a word\na word\n");
     ASSERT_TRUE(starts({"--stop"}));
-    EXPECT_EQ(textOf(program / "station.log"), "a word\na word\n") << "who ends it reads it himself";
+    EXPECT_EQ(log(), "a word\na word\n") << "who ends it reads it himself";
 }
 
 TEST_F(StarterTest, TellsTheLogThatThereIsNoStation) {
@@ -93,10 +85,10 @@ TEST_F(StarterTest, TellsTheLogThatThereIsNoStation) {
     starter.start(QString::fromStdString((program / "wispdde.exe").string()), {});
     ASSERT_TRUE(starter.waitForFinished());
     if (starter.exitCode() == 0) GTEST_SKIP() << "a station is installed on this machine";
-    EXPECT_EQ(textOf(program / "station.log").find("vantrace-station was found neither in "), 0U);
-    EXPECT_NE(textOf(program / "station.log").find(VANTRACE_INSTALLED_PROGRAMS), std::string::npos)
+    EXPECT_EQ(log().find("vantrace-station was found neither in "), 0U);
+    EXPECT_NE(log().find(VANTRACE_INSTALLED_PROGRAMS), std::string::npos)
         << "where the programs are installed it looks for them";
-    EXPECT_EQ(starter.readAllStandardError().toStdString(), textOf(program / "station.log"));
+    EXPECT_EQ(starter.readAllStandardError().toStdString(), log());
 }
 
 TEST_F(StarterTest, StartsItWhereNoLogCanBeWritten) {
@@ -104,12 +96,10 @@ TEST_F(StarterTest, StartsItWhereNoLogCanBeWritten) {
                                  std::filesystem::perms::owner_read | std::filesystem::perms::owner_exec);
     EXPECT_TRUE(starts()) << "a folder that can't be written";
     std::filesystem::permissions(program, std::filesystem::perms::owner_all);
-    std::filesystem::remove(noted);
     std::filesystem::remove(program / "station.log");
     // The same for a user whom permissions don't hold up.
     std::filesystem::create_symlink("/nowhere/at/all", program / "station.log");
     EXPECT_TRUE(starts()) << "a log that can't be made";
-    std::filesystem::remove(noted);
     std::filesystem::remove(program / "station.log");
     std::filesystem::create_directory(program / "station.log");
     EXPECT_TRUE(starts()) << "a log that is a folder";

@@ -33,28 +33,13 @@ TEST(StationOptions, HaveTheirUsualValuesAndTakeOthers) {
     EXPECT_FALSE(usual.transmitter);
     EXPECT_EQ(usual.steering.leadSeconds, 180.0);
     EXPECT_EQ(usual.steering.atLoss, SteeringOptions::AtLoss::stay);
-    const StationOptions own = optionsOf({"--rotator",
-                                          "tower:5000",
-                                          "--radio",
-                                          "none",
-                                          "--transmitter=[::1]:4540",
-                                          "--azimuth",
-                                          "-180,180",
-                                          "--elevation=0,180",
-                                          "--lead",
-                                          "1.5",
-                                          "--park",
-                                          "180,0",
-                                          "--dead-band=0.5",
-                                          "--tune-step",
-                                          "50",
-                                          "--line",
-                                          "/run/user/1000/vantrace-tracking",
-                                          "--tune-always",
-                                          "--dry",
-                                          "--receive-vfo",
-                                          "Main",
-                                          "--transmit-vfo=Sub"});
+    std::istringstream words(
+        "--rotator tower:5000 --radio none --transmitter=[::1]:4540 --azimuth -180,180 --elevation=0,180 "
+        "--lead 1.5 --park 180,0 --dead-band=0.5 --tune-step 50 --line /run/vantrace-tracking --tune-always "
+        "--dry --receive-vfo Main --transmit-vfo=Sub");
+    Texts arguments;
+    for (std::string word; words >> word;) arguments.push_back(word);
+    const StationOptions own = optionsOf(arguments);
     EXPECT_EQ(own.rotator->text(), "tower:5000");
     EXPECT_FALSE(own.radio);
     EXPECT_EQ(own.transmitter->host, "::1");
@@ -75,30 +60,23 @@ TEST(StationOptions, HaveTheirUsualValuesAndTakeOthers) {
 }
 
 TEST(StationOptions, MistakesNameTheirOption) {
-    const std::vector<Texts> wrong{
-        {"--rotator", "nohost"},
-        {"--rotator", ":4533"},
-        {"--rotator", "a:0"},
-        {"--rotator", "a:65536"},
-        {"--radio", "a b:1"},
-        {"--azimuth", "0"},
-        {"--azimuth", "360,0"},
-        {"--azimuth", "0,x"},
-        {"--elevation", "0,181"},
-        {"--dead-band", "-1"},
-        {"--lead", "soon"},
-        {"--park", "1,2,3"},
-        {"--line", "127.0.0.1"},
-        {"--transmitter", "host:12x"},
-        {"--park", "0,181"},
-        {"--park", "0,-91"},
-        {"--receive-vfo", "A B"},
-        {"--transmit-vfo", ""},
-        {"--transmitter", "127.0.0.1:4532"},
-    };
-    for (const Texts& arguments : wrong) {
-        const std::string failure = failureOf([&] { optionsOf(arguments); });
-        EXPECT_TRUE(failure.starts_with(arguments[0] + ":")) << arguments[1] << ": " << failure;
+    const std::vector<std::pair<std::string, Texts>> wrong{
+        {"--rotator", {"nohost", ":4533", "a:0", "a:65536"}},
+        {"--radio", {"a b:1"}},
+        {"--azimuth", {"0", "360,0", "0,x"}},
+        {"--elevation", {"0,181"}},
+        {"--dead-band", {"-1"}},
+        {"--lead", {"soon"}},
+        {"--park", {"1,2,3", "0,181", "0,-91"}},
+        {"--line", {"127.0.0.1"}},
+        {"--transmitter", {"host:12x", "127.0.0.1:4532"}},
+        {"--receive-vfo", {"A B"}},
+        {"--transmit-vfo", {""}}};
+    for (const auto& [option, values] : wrong) {
+        for (const std::string& value : values) {
+            const std::string failure = failureOf([&] { optionsOf({option, value}); });
+            EXPECT_TRUE(failure.starts_with(option + ":")) << value << ": " << failure;
+        }
     }
     EXPECT_NE(failureOf([] { optionsOf({"--nonsense"}); }), "");
     EXPECT_NE(failureOf([] { optionsOf({"argument"}); }), "");

@@ -1,19 +1,10 @@
 #include "app/station/station_program.h"
 
+#include "app/station/line_source.h"
 #include "tests/app/station/tcp_daemon.h"
-#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {
-
-/// No satellite is known, so that everything follows the line.
-class NoPasses final : public PassSource {
-  public:
-    std::optional<ComingPass> passOf(std::string_view, const Instant&, std::string& reason) override {
-        reason = "there are no element sets";
-        return std::nullopt;
-    }
-};
 
 class StationProgramTest : public ::testing::Test {
   protected:
@@ -48,7 +39,7 @@ class StationProgramTest : public ::testing::Test {
         return commands;
     }
 
-    TcpDaemon tracker{[](const std::string&) { return std::string(); }};
+    TcpDaemon tracker;
     TcpDaemon rotator{[](const std::string& line) {
         if (line == "+p") return std::string("get_pos:\nAzimuth: 10.0\nElevation: 5.0\nRPRT 0\n");
         return "answer: " + line + "\nRPRT 0\n";
@@ -117,7 +108,7 @@ TEST_F(StationProgramTest, ATrackerThatEndsIsWaitedFor) {
 }
 
 TEST_F(StationProgramTest, ADaemonThatNeverAnswersDoesntHoldTheEndUp) {
-    TcpDaemon silent{[](const std::string&) { return std::string(); }};
+    TcpDaemon silent;
     options.rotator = silent.address();
     start();
     ASSERT_TRUE(eventually([&] { return !silent.lines.empty(); }));
@@ -144,6 +135,33 @@ TEST_F(StationProgramTest, ADryRunPrintsAndConnectsToNoDaemon) {
     EXPECT_EQ(printedTo("radio"), "V VFOA\nF 145800000\nS 1 VFOB\nI 435000000\nS 0 VFOA\n");
     EXPECT_FALSE(rotator.hasClient());
     EXPECT_FALSE(radio.hasClient());
+}
+
+TEST(LineSourceTest, AConnectionThatSaysNothingIsMadeAnewWithoutAWord) {
+    TcpDaemon tracker;
+    Texts told;
+    std::string last;
+    LineSource source(
+        tracker.address(), [&](std::string_view line) { last = line; },
+        [&](std::string_view text) { told.emplace_back(text); });
+    source.tick(0);
+    ASSERT_TRUE(eventually([&] { return tracker.arrivals == 1 && told.size() == 1; }));
+    source.tick(20);
+    tracker.tell("one\n");
+    ASSERT_TRUE(eventually([&] { return last == "one"; }));
+    source.tick(49);
+    QTest::qWait(50);
+    EXPECT_EQ(tracker.arrivals, 1) << "it has spoken since";
+    source.tick(51);
+    ASSERT_TRUE(eventually([&] { return tracker.arrivals == 2; }));
+    EXPECT_TRUE(eventually([&] {
+        tracker.tell("two\n");
+        QTest::qWait(20);
+        return last == "two";
+    }));
+    EXPECT_EQ(told.size(), 1U);
+    tracker.die();
+    EXPECT_TRUE(eventually([&] { return told.size() == 2; }));
 }
 
 }  // namespace

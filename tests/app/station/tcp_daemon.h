@@ -4,22 +4,30 @@
 #include <QTcpServer>
 #include <QTcpSocket>
 #include <QTest>
-#include <functional>
-#include <memory>
-#include <string>
-#include <vector>
 
-#include "app/station/network_address.h"
+#include "app/station/station_program.h"
 #include "tests/support/testing.h"
 
 namespace vantrace {
+
+/// No satellite is known, so that everything follows the line.
+class NoPasses final : public PassSource {
+  public:
+    std::optional<ComingPass> passOf(std::string_view, const Instant&, std::string& reason) override {
+        reason = "there are no element sets";
+        return std::nullopt;
+    }
+};
 
 /// Takes lines, notes them and answers them.
 class TcpDaemon {
   public:
     using Answer = std::function<std::string(const std::string&)>;
 
-    explicit TcpDaemon(Answer answer) : m_answer(std::move(answer)) { listen(0); }
+    explicit TcpDaemon(Answer answer = [](const std::string&) { return std::string(); })
+        : m_answer(std::move(answer)) {
+        listen(0);
+    }
 
     NetworkAddress address() const { return {"127.0.0.1", m_port, {}}; }
     /// Closes everything, as a process that is killed.
@@ -34,9 +42,8 @@ class TcpDaemon {
     }
     bool hasClient() const { return m_server != nullptr && m_server->findChild<QTcpSocket*>() != nullptr; }
     int countOf(std::string_view start) const {
-        int count = 0;
-        for (const std::string& line : lines) count += line.starts_with(start) ? 1 : 0;
-        return count;
+        return static_cast<int>(std::ranges::count_if(
+            lines, [start](const std::string& line) { return line.starts_with(start); }));
     }
 
     Texts lines;

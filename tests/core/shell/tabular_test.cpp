@@ -2,7 +2,6 @@
 
 #include "core/shell/start_up.h"
 #include "tests/core/shell/shell_test.h"
-#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {
@@ -41,7 +40,6 @@ TEST_F(TabularTest, ShowsEachNameOnceInTheFormatsOfItsColumns) {
     state.Favourites[3].Name = "ISS (ZARYA)";
     RefreshTable(table, state);
     ASSERT_EQ(table.TabList.size(), 2u);
-
     MainLoop(table, state, services);
     const TableRow& row = table.TabList[0];
     EXPECT_EQ(row.columns[0], "ISS (ZARYA)");
@@ -51,12 +49,8 @@ TEST_F(TabularTest, ShowsEachNameOnceInTheFormatsOfItsColumns) {
         EXPECT_EQ(text[text.size() - 3], '.') << text;
     }
     EXPECT_TRUE(row.columns[7] == "Accending" || row.columns[7] == "Decending");
-    EXPECT_EQ(table.Slocation, "Vienna");
-    EXPECT_EQ(table.Slat, "48.21");
-    EXPECT_EQ(table.Slong, "343.63");
-    EXPECT_EQ(table.Sheight, "170 mtrs ");
-    EXPECT_EQ(table.Slocaltime, "11:30:00");
-    EXPECT_EQ(table.Sgmt, "10:30:00");
+    EXPECT_EQ((Texts{table.Slocation, table.Slat, table.Slong, table.Sheight, table.Slocaltime, table.Sgmt}),
+              (Texts{"Vienna", "48.21", "343.63", "170 mtrs ", "11:30:00", "10:30:00"}));
     EXPECT_TRUE(table.Sstatus.ends_with(" out of 2 Satellites in range"));
 }
 
@@ -105,7 +99,7 @@ TEST_F(TabularTest, ARowWhoseFavouriteIsGoneKeepsItsValues) {
     EXPECT_TRUE(table.Sstatus.ends_with(" out of 2 Satellites in range"));
 }
 
-TEST_F(TabularTest, TheWordMenuStopsEverything) {
+TEST_F(TabularTest, TheWordMenuStopsEverythingAndWithoutFavouritesNothingIsOutOfNothing) {
     MainLoop(table, state, services);
     const std::string status = table.Sstatus;
     state.MainTag = "menu";
@@ -117,23 +111,11 @@ TEST_F(TabularTest, TheWordMenuStopsEverything) {
     TabularForm idle;
     Form_Load(idle, state, services);
     EXPECT_FALSE(idle.Timer1.isEnabled);
-}
-
-TEST_F(TabularTest, WithoutFavouritesNothingIsOutOfNothing) {
+    state.MainTag = "tabular";
     state.FavouriteCount = 0;
     RefreshTable(table, state);
     MainLoop(table, state, services);
     EXPECT_EQ(table.Sstatus, "0 out of 0 Satellites in range");
-}
-
-TEST_F(TabularTest, TheExitShowsMainAndUnloadsTheTable) {
-    fakeWindow("Main");
-    WindowScript& tabular = fakeWindow("Tabular");
-    services.windows.show("Tabular");
-    BUTexit_Click(table, services);
-    EXPECT_FALSE(table.Timer1.isEnabled);
-    EXPECT_TRUE(services.windows.isOnScreen("Main"));
-    EXPECT_EQ(tabular.count("unload"), 1);
 }
 
 }  // namespace

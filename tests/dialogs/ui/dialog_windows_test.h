@@ -65,16 +65,16 @@ class DialogWindowsTest : public ::testing::Test {
         QTest::keyClick(field, Qt::Key_Delete);
         QTest::keyClicks(field, QString::fromLatin1(text));
     }
-    /// Captions stand on the controls as the user reads them.
-    static void expectCaptions(QWidget* window,
-                               const std::vector<std::pair<const char*, const char*>>& captions) {
-        for (const auto& [name, caption] : captions) {
-            const auto* const control = childOf<QWidget>(window, name);
+    /// Captions stand on the controls as the user reads them: "control=caption".
+    static void expectCaptions(QWidget* window, const Texts& captions) {
+        for (const std::string& each : captions) {
+            const std::size_t sign = each.find('=');
+            const auto* const control = childOf<QWidget>(window, each.substr(0, sign).c_str());
             if (control == nullptr) continue;
             const bool isBox = qobject_cast<const QGroupBox*>(control) != nullptr;
             QString text = control->property(isBox ? "title" : "text").toString();
             text.remove(QLatin1Char('&'));
-            EXPECT_EQ(text.toStdString(), caption) << name;
+            EXPECT_EQ(text.toStdString(), each.substr(sign + 1)) << each;
         }
     }
     std::string stored(const char* key) { return program.fakes.settings.get(key).value_or("(none)"); }

@@ -1,6 +1,5 @@
 // The windows of the groups and of the places, as the user works them.
 #include "tests/dialogs/ui/dialog_windows_test.h"
-#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {
@@ -229,26 +228,18 @@ TEST_F(ListWindowsTest, AListThatCannotBeStoredIsTold) {
     EXPECT_NE(messages()[0].find("faves.dat"), std::string::npos) << messages()[0];
 }
 
-TEST_F(ListWindowsTest, HaveTheirCaptions) {
-    expectCaptions(open<frmCONGroups>("mnuCONgroups"),
-                   {{"captionGroups", "Satellite Groups"},
-                    {"captionSatellites", "Favourite Satellites in selected Group"},
-                    {"frameDetails", "Selected Satellite Information"},
-                    {"Details", "No Information."},
-                    {"BUTaddCelestrak", "Add This to your Groups"},
-                    {"BUTaddgroup", "Add New Group"},
-                    {"BUTdeletegroup", "Delete Group"},
-                    {"BUTsel", "Select All"},
-                    {"BUTdesel", "Deselect All"},
-                    {"BUTmakeprime", "Make Primary Satellite"},
-                    {"BUTfindInfo", "Find more info on Internet"}});
-    expectCaptions(open<frmCONlocations>("mnuCONlocations"),
-                   {{"BUTaddlocations", "Add Location"}, {"BUTremovelocations", "Delete Location"}});
-}
-
-TEST_F(ListWindowsTest, EverythingHasItsPlaceInBothLooks) {
+TEST_F(ListWindowsTest, EverythingHasItsPlaceInBothLooksAndItsCaption) {
     takePictures<frmCONGroups>("mnuCONgroups", "groups-settings");
     takePictures<frmCONlocations>("mnuCONlocations", "locations-settings");
+    expectCaptions(
+        open<frmCONGroups>("mnuCONgroups"),
+        {"captionGroups=Satellite Groups", "captionSatellites=Favourite Satellites in selected Group",
+         "frameDetails=Selected Satellite Information", "Details=No Information.",
+         "BUTaddCelestrak=Add This to your Groups", "BUTaddgroup=Add New Group",
+         "BUTdeletegroup=Delete Group", "BUTsel=Select All", "BUTdesel=Deselect All",
+         "BUTmakeprime=Make Primary Satellite", "BUTfindInfo=Find more info on Internet"});
+    expectCaptions(open<frmCONlocations>("mnuCONlocations"),
+                   {"BUTaddlocations=Add Location", "BUTremovelocations=Delete Location"});
 }
 
 }  // namespace

@@ -1,7 +1,5 @@
 // The windows of the main settings and of the map's, as the user works them.
-#include "mapview/ui/world_view_window.h"
 #include "tests/dialogs/ui/dialog_windows_test.h"
-#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {
@@ -36,13 +34,6 @@ TEST_F(SettingsWindowsTest, ThePlaceThatIsTypedIsTheProgramsAsTheWindowCloses) {
     EXPECT_EQ(windowOnScreen<frmCONmain>(), nullptr);
     EXPECT_EQ(stored("Latitude"), "47.07");
     EXPECT_EQ(program.state.ObserverLongitude, 344.5);
-}
-
-TEST_F(SettingsWindowsTest, ThePanelOfMainTellsTheNewPlace) {
-    auto* const window = open<frmCONmain>("mnuCONmain");
-    retype(window, "Tlocation", "Graz");
-    retype(window, "Tlatitude", "47.07");
-    close(window);
     program.fakes.host.handle("test", [this] { program.fakes.windows.focusCame("Main"); });
     EXPECT_EQ(textOf(windowOnScreen<Main>(), "Status3"), "Current Location settings are: Graz");
     EXPECT_TRUE(textOf(windowOnScreen<Main>(), "Status4").starts_with("47.07 deg Latitude"));
@@ -126,24 +117,6 @@ TEST_F(SettingsWindowsTest, TheMapsSettingsAreStoredAtEachChange) {
     EXPECT_EQ(windowOnScreen<frmCON2D>(), nullptr);
 }
 
-TEST_F(SettingsWindowsTest, TheMapOpensItsSettingsBesideItAndFollowsThem) {
-    MapState map;
-    program.fakes.windows.registerWindow("WorldView", [&] {
-        return std::make_unique<WorldView>(program.fakes.host, map, program.state, program.services);
-    });
-    program.start("/WORLD");
-    ViewProgram::choose(windowOnScreen<WorldView>(), "mnu2Dcontrols");
-    auto* const window = windowOnScreen<frmCON2D>();
-    ASSERT_NE(window, nullptr);
-    EXPECT_NE(windowOnScreen<WorldView>(), nullptr);
-    QTest::keyClick(childOf<QSlider>(window, "SLMapUpdate"), Qt::Key_PageUp);
-    close(window);
-    EXPECT_NE(windowOnScreen<WorldView>(), nullptr);
-    EXPECT_EQ(stored("MapUpdate"), "60");
-    program.fakes.windows.close();
-    program.fakes.windows.releaseUnloaded();
-}
-
 TEST_F(SettingsWindowsTest, TheWheelChangesOnlyWhatHasTheFocus) {
     program.fakes.settings.set("Speechpack", "1");
     auto* const window = open<frmCONmain>("mnuCONmain");
@@ -171,63 +144,38 @@ TEST_F(SettingsWindowsTest, TheWheelChangesOnlyWhatHasTheFocus) {
     EXPECT_EQ(textOf(map, "LABgroundtrackLen"), "90 Minutes");
 }
 
-TEST_F(SettingsWindowsTest, HaveTheirCaptions) {
-    expectCaptions(open<frmCONmain>("mnuCONmain"),
-                   {{"frameLocation", "Your Location Settings"},
-                    {"frameSpeech", "Speechpack Settings"},
-                    {"frameRecording", "Audio Recording Settings"},
-                    {"frameMiscellanous", "Miscellanous Settings"},
-                    {"captionLocation", "Location Name"},
-                    {"OPdecDeg", "Co-ordinates in Decimal Degrees"},
-                    {"OPnonDecDeg", "Co-ordinates in Degrees, Minutes, Seconds"},
-                    {"Label1", "Lat"},
-                    {"Label2", "Longitude"},
-                    {"Label9", "Lat"},
-                    {"Label8", "Longitude"},
-                    {"headingDeg", "DEG"},
-                    {"headingMin", "MIN"},
-                    {"headingSec", "SEC"},
-                    {"noteLongitude", "Longitude must be in Degrees WEST (0 to 359)"},
-                    {"captionHeight", "Height above Sea Level (in Metres)"},
-                    {"captionTimezone", "Timezone"},
-                    {"BUTeditTZ", "View / Edit"},
-                    {"CHspeechpack", "Speechpack Installed"},
-                    {"captionVoice", "Voice Name"},
-                    {"captionSpeed", "Speed of Speech (in words per minute)"},
-                    {"CHrecwxsat", "Record Weather Satellite Passes"},
-                    {"CHrecPrimary", "Record Primary Satellite Passes"},
-                    {"captionMinEl", "Minimum Elevation for Recording"},
-                    {"captionWavDir", "Path to save Recorded WAVs"},
-                    {"BUTwxWavDir", "Browse"},
-                    {"Chchangeres", "Change Resoultion up to 800x600 on Start up"},
-                    {"noteChangeRes", "Only Switch this on if you like 640x480 mode"},
-                    {"CHcomp", "Compatability Mode?"},
-                    {"noteComp",
-                     "If you have difficulty bringing up the map views, put a tick in this box to disable "
-                     "'alphablending'"},
-                    {"CHskin", "Vantrace \"Skinning\" Effect"}});
-    expectCaptions(open<frmCON2D>("mnu2Dsettings"),
-                   {{"captionTrackLen", "Groundtrack Length (in Minutes)"},
-                    {"captionMapUpdate", "Map Update (in Seconds)"},
-                    {"CHgroundtrack", "Show Groundtrack"},
-                    {"CHfootprints", "Show Footprints"},
-                    {"CHaltworld", "Alternate World View (Ideal for Australia/New Zealand)"},
-                    {"CHshowinfopane", "Show Info Pane"},
-                    {"captionMap", "2D Map Image File"},
-                    {"captionHorizon", "Panoramic Horizon View Image File"}});
-}
-
-TEST_F(SettingsWindowsTest, EverythingHasItsPlaceInBothLooks) {
+TEST_F(SettingsWindowsTest, EverythingHasItsPlaceInBothLooksAndItsCaption) {
     takePictures<frmCONmain>("mnuCONmain", "main-settings");
     takePictures<frmCON2D>("mnu2Dsettings", "map-settings");
-}
-
-TEST_F(SettingsWindowsTest, AFreshProgramAsksForItsPlace) {
-    program.fakes.settings.removeAll();
-    program.start();
-    EXPECT_NE(windowOnScreen<frmCONmain>(), nullptr);
-    EXPECT_NE(windowOnScreen<Main>(), nullptr);
-    EXPECT_TRUE(program.fakes.logLines().empty());
+    auto* const window = open<frmCONmain>("mnuCONmain");
+    expectCaptions(
+        window,
+        {"frameLocation=Your Location Settings", "captionLocation=Location Name",
+         "OPdecDeg=Co-ordinates in Decimal Degrees", "OPnonDecDeg=Co-ordinates in Degrees, Minutes, Seconds",
+         "Label1=Lat", "Label2=Longitude", "Label9=Lat", "Label8=Longitude", "headingDeg=DEG",
+         "headingMin=MIN", "headingSec=SEC", "noteLongitude=Longitude must be in Degrees WEST (0 to 359)",
+         "captionHeight=Height above Sea Level (in Metres)", "captionTimezone=Timezone",
+         "BUTeditTZ=View / Edit"});
+    expectCaptions(window, {"frameSpeech=Speechpack Settings", "CHspeechpack=Speechpack Installed",
+                            "captionVoice=Voice Name", "captionSpeed=Speed of Speech (in words per minute)"});
+    expectCaptions(
+        window,
+        {"frameRecording=Audio Recording Settings", "CHrecwxsat=Record Weather Satellite Passes",
+         "CHrecPrimary=Record Primary Satellite Passes", "captionMinEl=Minimum Elevation for Recording",
+         "captionWavDir=Path to save Recorded WAVs", "BUTwxWavDir=Browse"});
+    expectCaptions(
+        window,
+        {"frameMiscellanous=Miscellanous Settings", "Chchangeres=Change Resoultion up to 800x600 on Start up",
+         "noteChangeRes=Only Switch this on if you like 640x480 mode", "CHcomp=Compatability Mode?",
+         "noteComp=If you have difficulty bringing up the map views, put a tick in this box to disable "
+         "'alphablending'",
+         "CHskin=Vantrace \"Skinning\" Effect"});
+    expectCaptions(
+        open<frmCON2D>("mnu2Dsettings"),
+        {"captionTrackLen=Groundtrack Length (in Minutes)", "captionMapUpdate=Map Update (in Seconds)",
+         "CHgroundtrack=Show Groundtrack", "CHfootprints=Show Footprints",
+         "CHaltworld=Alternate World View (Ideal for Australia/New Zealand)", "CHshowinfopane=Show Info Pane",
+         "captionMap=2D Map Image File", "captionHorizon=Panoramic Horizon View Image File"});
 }
 
 }  // namespace

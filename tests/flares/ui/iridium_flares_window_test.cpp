@@ -10,7 +10,6 @@
 
 #include "core/program_state.h"
 #include "tests/flares/flare_pages.h"
-#include "tests/support/testing.h"
 #include "tests/support_qt/window_test.h"
 
 namespace vantrace {

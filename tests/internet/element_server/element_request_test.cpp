@@ -5,32 +5,37 @@
 namespace vantrace {
 namespace {
 
-std::string asked(const std::string& url, const std::string& host = "celestrak.org") {
-    const auto request = elementRequest(url, host);
-    return request ? request->url : "";
-}
+const std::string folder = "http://celestrak.org/NORAD/elements/";
+const std::string query = "https://celestrak.org/NORAD/elements/gp.php?GROUP=";
 
-TEST(ElementRequest, OldFilesAreAskedAsQueriesForTheirGroup) {
-    const std::string query = "https://celestrak.org/NORAD/elements/gp.php?GROUP=";
-    EXPECT_EQ(asked("http://celestrak.org/NORAD/elements/stations.txt"), query + "stations&FORMAT=csv");
-    EXPECT_EQ(asked("HTTPS://WWW.CelesTrak.ORG/norad/elements/gps-ops.TXT"), query + "gps-ops&FORMAT=csv");
-    EXPECT_EQ(asked("http://www.celestrak.com/NORAD/elements/tle-new.txt"),
-              query + "last-30-days&FORMAT=csv");
-    EXPECT_EQ(asked("http://celestrak.org/NORAD/elements/IRIDIUM-next.txt"),
-              query + "iridium-NEXT&FORMAT=csv");
-    EXPECT_EQ(asked("http://celestrak.org/NORAD/elements/supplemental/iss.txt"),
-              "https://celestrak.org/NORAD/elements/supplemental/sup-gp.php?FILE=iss&FORMAT=csv");
-}
+struct Case {
+    std::string url;
+    /// Empty where that is another host.
+    std::string asked = {};
+    std::string host = "celestrak.org";
+};
 
-TEST(ElementRequest, OtherAddressesOfTheHostAreAskedAsTheyStand) {
-    for (const std::string path : {"/NORAD/elements/gp.php?GROUP=stations&FORMAT=tle",
-                                   "/NORAD/elements/a%20b.txt", "/NORAD/elements/deep/er.txt"}) {
-        const auto request = elementRequest("http://celestrak.org" + path + "#end", "celestrak.org");
-        ASSERT_TRUE(request);
-        EXPECT_EQ(request->url, "https://celestrak.org" + path);
-        EXPECT_TRUE(request->isForElements);
+void expectAsked(const std::vector<Case>& cases) {
+    for (const auto& [url, asked, host] : cases) {
+        const auto request = elementRequest(url, host);
+        EXPECT_EQ(request ? request->url : "", asked) << url << " " << host;
     }
-    EXPECT_EQ(asked("http://celestrak.org"), "https://celestrak.org/");
+}
+
+TEST(ElementRequest, OldFilesAreAskedAsQueriesForTheirGroupAndOthersAsTheyStand) {
+    expectAsked({
+        {folder + "stations.txt", query + "stations&FORMAT=csv"},
+        {"HTTPS://WWW.CelesTrak.ORG/norad/elements/gps-ops.TXT", query + "gps-ops&FORMAT=csv"},
+        {"http://www.celestrak.com/NORAD/elements/tle-new.txt", query + "last-30-days&FORMAT=csv"},
+        {folder + "IRIDIUM-next.txt", query + "iridium-NEXT&FORMAT=csv"},
+        {folder + "supplemental/iss.txt",
+         "https://celestrak.org/NORAD/elements/supplemental/sup-gp.php?FILE=iss&FORMAT=csv"},
+        {"http://celestrak.org", "https://celestrak.org/"},
+    });
+    for (const std::string path : {"gp.php?GROUP=stations&FORMAT=tle", "a%20b.txt", "deep/er.txt"}) {
+        expectAsked({{folder + path + "#end", "https://celestrak.org/NORAD/elements/" + path}});
+        EXPECT_TRUE(elementRequest(folder + path, "celestrak.org")->isForElements);
+    }
     EXPECT_FALSE(elementRequest("http://celestrak.org/satcat.csv", "celestrak.org")->isForElements);
 }
 
@@ -40,44 +45,37 @@ TEST(ElementRequest, OtherHostsAreNotTheElementHost) {
           "http://celestrak.org:8080/NORAD/elements/x.txt", "ftp://celestrak.org/NORAD/elements/x.txt",
           "http://celestrak.org@evil.example/NORAD/elements/x.txt", "celestrak.org/NORAD/elements/x.txt",
           "http://notcelestrak.org/NORAD/elements/x.txt", "http://", ""}) {
-        EXPECT_EQ(asked(url), "") << url;
+        expectAsked({{url}});
     }
 }
 
-TEST(ElementRequest, APortThatGoesWithoutSayingMakesNoOtherHost) {
+TEST(ElementRequest, APortThatGoesWithoutSayingMakesNoOtherHostAndAConfiguredOneIsAsked) {
     for (const std::string host : {"celestrak.org:443", "CELESTRAK.org:80", "celestrak.org.",
                                    "celestrak.org:", "me@celestrak.org.:443"}) {
-        EXPECT_EQ(asked("http://" + host + "/NORAD/elements/x.txt"),
-                  "https://celestrak.org/NORAD/elements/gp.php?GROUP=x&FORMAT=csv")
-            << host;
+        expectAsked({{"http://" + host + "/NORAD/elements/x.txt", query + "x&FORMAT=csv"}});
     }
-    EXPECT_NE(asked("http://mirror.example/NORAD/elements/x.txt", "mirror.example.:443"), "");
+    const std::string geo = "/NORAD/elements/geo.txt";
+    const std::string asked = "/NORAD/elements/gp.php?GROUP=geo&FORMAT=csv";
+    expectAsked({
+        {"http://mirror.example" + geo, "https://mirror.example" + asked, "mirror.example.:443"},
+        {"http://mirror.example:8443" + geo, "https://mirror.example:8443" + asked, "Mirror.example:8443"},
+        {"http://127.0.0.1:8080" + geo, "http://127.0.0.1:8080" + asked, "127.0.0.1:8080"},
+        {"http://127.0.0.9:8080" + geo, "", "127.0.0.1:8080"},
+        {"http://mirror.net" + geo, "", "mirror.org"},  // somebody else's
+        // Whoever has set another host still asks the usual one by its rules.
+        {"http://celestrak.org" + geo, "https://celestrak.org" + asked, "mirror.example"},
+    });
 }
 
-TEST(ElementRequest, AConfiguredHostIsAskedWithItsPort) {
-    EXPECT_EQ(asked("http://mirror.example:8443/NORAD/elements/geo.txt", "Mirror.example:8443"),
-              "https://mirror.example:8443/NORAD/elements/gp.php?GROUP=geo&FORMAT=csv");
-    EXPECT_EQ(asked("http://127.0.0.1:8080/NORAD/elements/geo.txt", "127.0.0.1:8080"),
-              "http://127.0.0.1:8080/NORAD/elements/gp.php?GROUP=geo&FORMAT=csv");
-    EXPECT_EQ(asked("http://127.0.0.9:8080/NORAD/elements/geo.txt", "127.0.0.1:8080"), "");
-    EXPECT_EQ(asked("http://mirror.net/NORAD/elements/geo.txt", "mirror.org"), "") << "somebody else's";
-    // Whoever has set another host still asks the usual one by its rules.
-    EXPECT_EQ(asked("http://celestrak.org/NORAD/elements/geo.txt", "mirror.example"),
-              "https://celestrak.org/NORAD/elements/gp.php?GROUP=geo&FORMAT=csv");
-}
-
-TEST(ElementRequest, AGroupThatHasCeasedIsKnown) {
-    const auto ceased = elementRequest("http://celestrak.org/NORAD/elements/Molniya.txt", "celestrak.org");
-    ASSERT_TRUE(ceased);
-    EXPECT_TRUE(ceased->hasCeased);
-    EXPECT_EQ(ceased->group, "Molniya");
-    for (const auto& [name, isCeased] :
-         {std::pair{"molniya", true}, {"noaa", false}, {"other-comm", false}, {"iridium-NEXT", false}}) {
-        const std::string url = "http://celestrak.org/NORAD/elements/" + std::string(name) + ".txt";
-        EXPECT_EQ(elementRequest(url, "celestrak.org")->hasCeased, isCeased) << name;
+TEST(ElementRequest, AGroupThatHasCeasedIsKnownAndARenamedOneIsNone) {
+    for (const auto& [name, group, hasCeased] : {std::tuple{"Molniya", "Molniya", true},
+                                                 {"noaa", "noaa", false},
+                                                 {"1982-092", "cosmos-1408-debris", false},
+                                                 {"iridium-NEXT", "iridium-NEXT", false}}) {
+        const auto request = elementRequest(folder + name + ".txt", "celestrak.org");
+        EXPECT_EQ(request->hasCeased, hasCeased) << name;
+        EXPECT_EQ(request->group, group);
     }
-    EXPECT_EQ(elementRequest("http://celestrak.org/NORAD/elements/1982-092.txt", "celestrak.org")->group,
-              "cosmos-1408-debris");
 }
 
 }  // namespace

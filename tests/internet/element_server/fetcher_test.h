@@ -52,15 +52,23 @@ class FetcherTest : public ::testing::Test {
                                                 [this](std::string_view text) { told.emplace_back(text); });
     }
     std::optional<FetchError> fetch(const std::string& group) {
-        return fetcher->FetchToFile("http://celestrak.org/NORAD/elements/" + group + ".txt",
-                                    folder.appPath() + group + ".txt");
+        return fetchPage("http://celestrak.org/NORAD/elements/" + group + ".txt", group + ".txt");
     }
-    /// "" for success.
-    std::string messageOf(const std::optional<FetchError>& error) const {
-        return error ? error->message : "";
+    std::optional<FetchError> fetchPage(const std::string& url, const std::string& name) {
+        return fetcher->FetchToFile(url, folder.appPath() + name);
     }
-    int codeOf(const std::optional<FetchError>& error) const { return error ? error->code : 0; }
-    int codeOf(FetchFailure failure) const { return static_cast<int>(failure); }
+    /// "404 Not Found"; "" for success.
+    static std::string outcome(const std::optional<FetchError>& error) {
+        return error ? std::to_string(error->code) + " " + error->message : "";
+    }
+    /// Whether a fetch failed so (a FetchFailure, an HttpFailure or a status), with words that hold those.
+    template <class Failure>
+    static ::testing::AssertionResult failed(const std::optional<FetchError>& error, Failure failure,
+                                             std::string_view words = {}) {
+        const bool isSo = error && error->code == static_cast<int>(failure) &&
+                          error->message.find(words) != std::string::npos;
+        return (isSo ? ::testing::AssertionSuccess() : ::testing::AssertionFailure()) << outcome(error);
+    }
     void advanceMinutes(int minutes) { clock.advanceSeconds(minutes * 60); }
 
     const std::string csv =

@@ -2,21 +2,23 @@
 
 #include <sys/stat.h>
 
-#include "orbit/elements/element_reader.h"
 #include "platform/text_file.h"
 #include "tests/internet/element_server/fetcher_test.h"
-#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {
 
 constexpr const char* plainUrl = "http://update.example/satellite.dat";
 
+std::string shippedSets() {
+    return readTextFile(std::string(VANTRACE_DATA_FOLDER) + "/stations.txt", 1 << 20);
+}
+
 TEST_F(FetcherTest, APlainPageReplacesTheFileWhateverItHolds) {
     folder.write("satellite.dat", "old");
     client.answers(200, "OK", "<html>sorry</html>");
     client.onGet = [this] { EXPECT_EQ(folder.read("satellite.dat"), "old") << "until all is there"; };
-    EXPECT_EQ(messageOf(fetcher->FetchToFile(plainUrl, folder.appPath() + "satellite.dat")), "");
+    EXPECT_EQ(outcome(fetchPage(plainUrl, "satellite.dat")), "");
     EXPECT_EQ(folder.read("satellite.dat"), "<html>sorry</html>");
     EXPECT_EQ(folder.names(), Texts{"satellite.dat"});
     EXPECT_EQ(client.requests.at(0).url, plainUrl);
@@ -24,26 +26,23 @@ TEST_F(FetcherTest, APlainPageReplacesTheFileWhateverItHolds) {
 }
 
 TEST_F(FetcherTest, RedirectsOfPlainHostsAreFollowedToAnyButTheElementHost) {
-    const std::string file = folder.appPath() + "x.dat";
     const auto follow = [&](const std::string& from, const std::string& to) {
         client.redirects = {{from, to}, {"http://a.example/circle", "http://a.example/circle"}};
-        return fetcher->FetchToFile(from, file);
+        return fetchPage(from, "x.dat");
     };
     client.answers(200, "OK", "content");
-    EXPECT_EQ(messageOf(follow(plainUrl, "https://b.example/x")), "");
+    EXPECT_EQ(outcome(follow(plainUrl, "https://b.example/x")), "");
     EXPECT_EQ(client.requests.back().url, "https://b.example/x");
     EXPECT_EQ(folder.read("x.dat"), "content");
     const std::size_t before = client.requests.size();
     for (const std::string target :
          {"file:///etc/passwd", "ftp://b.example/x", "javascript:1",
           "https://celestrak.org/NORAD/elements/x.txt", "http://www.celestrak.com:443/satcat.csv"}) {
-        EXPECT_EQ(codeOf(follow(plainUrl, target)), static_cast<int>(HttpFailure::redirect)) << target;
+        EXPECT_TRUE(failed(follow(plainUrl, target), HttpFailure::redirect)) << target;
     }
-    EXPECT_EQ(codeOf(follow("https://a.example/x", "http://a.example/x")),
-              static_cast<int>(HttpFailure::redirect));
+    EXPECT_TRUE(failed(follow("https://a.example/x", "http://a.example/x"), HttpFailure::redirect));
     EXPECT_EQ(client.requests.size() - before, 6U);
-    EXPECT_EQ(codeOf(follow("http://a.example/", "http://a.example/circle")),
-              static_cast<int>(HttpFailure::redirect));
+    EXPECT_TRUE(failed(follow("http://a.example/", "http://a.example/circle"), HttpFailure::redirect));
     EXPECT_EQ(client.requests.size() - before, 17U);
 }
 
@@ -58,25 +57,18 @@ TEST_F(FetcherTest, WhatAKilledRunLeftBehindGoesAfterADay) {
     }
     folder.write("x.dat.Young1.part", "of another run");
     client.answers(200, "OK", "content");
-    EXPECT_EQ(messageOf(fetcher->FetchToFile(plainUrl, folder.appPath() + "x.dat")), "");
+    EXPECT_EQ(outcome(fetchPage(plainUrl, "x.dat")), "");
     EXPECT_EQ(folder.names(), (Texts{"x.dat", "x.dat.Young1.part", "x.dat.bak.part", "y.dat.aB3dEf.part"}));
 }
 
 TEST_F(FetcherTest, AFailureLeavesTheOldFileAndNothingElse) {
     folder.write("satellite.dat", "old");
-    const std::string file = folder.appPath() + "satellite.dat";
     client.answers(404, "Not Found", "<html>no</html>");
-    auto error = fetcher->FetchToFile(plainUrl, file);
-    EXPECT_EQ(messageOf(error), "Not Found");
-    EXPECT_EQ(codeOf(error), 404);
+    EXPECT_EQ(outcome(fetchPage(plainUrl, "satellite.dat")), "404 Not Found");
     client.answers(500, "", "");
-    error = fetcher->FetchToFile(plainUrl, file);
-    EXPECT_EQ(messageOf(error), "The server's answer");
-    EXPECT_EQ(codeOf(error), 500);
+    EXPECT_EQ(outcome(fetchPage(plainUrl, "satellite.dat")), "500 The server's answer");
     client.fails(HttpFailure::closed, true);
-    error = fetcher->FetchToFile(plainUrl, file);
-    EXPECT_EQ(messageOf(error), "It broke");
-    EXPECT_EQ(codeOf(error), static_cast<int>(HttpFailure::closed));
+    EXPECT_EQ(outcome(fetchPage(plainUrl, "satellite.dat")), "4 It broke");
     EXPECT_EQ(folder.read("satellite.dat"), "old");
     EXPECT_EQ(folder.names(), Texts{"satellite.dat"});
     EXPECT_EQ(client.requests.size(), 3U) << "plain hosts have no rules";
@@ -86,36 +78,26 @@ TEST_F(FetcherTest, WhatCanTakeNoFileIsKnownBeforeAnythingIsAsked) {
     std::filesystem::create_directory(folder.path() / "folder");
     ASSERT_EQ(mkfifo((folder.path() / "pipe").c_str(), 0600), 0);
     for (const std::string name : {"folder", "folder/", "pipe", "none/here.txt", ""}) {
-        const auto error = fetcher->FetchToFile(plainUrl, folder.appPath() + name);
-        EXPECT_EQ(codeOf(error), static_cast<int>(HttpFailure::file)) << name;
-        EXPECT_NE(messageOf(error), "") << name;
+        EXPECT_TRUE(failed(fetchPage(plainUrl, name), HttpFailure::file, folder.appPath() + name));
     }
     EXPECT_TRUE(client.requests.empty());
 }
 
 TEST_F(FetcherTest, ProxyWordsAreTakenOrRefusedByTheirSense) {
     client.answers(200, "OK", "new");
-    const auto via = [this](const std::string& host, const std::string& port, const std::string& user,
-                            const std::string& password) {
-        return fetcher->FetchToFileViaProxy(plainUrl, folder.appPath() + "x.dat", host, port, user, password);
+    const auto via = [this](const std::string& host, const std::string& port, const std::string& user = "") {
+        return fetcher->FetchToFileViaProxy(plainUrl, folder.appPath() + "x.dat", host, port, user, "secret");
     };
-    for (const auto& [host, port] : std::vector<std::pair<std::string, std::string>>{{"", "80"},
-                                                                                     {" ", "80"},
-                                                                                     {"http://proxy", "80"},
-                                                                                     {"a b", "80"},
-                                                                                     {"proxy", ""},
-                                                                                     {"proxy", "0"},
-                                                                                     {"proxy", "65536"},
-                                                                                     {"proxy", "80a"},
-                                                                                     {"proxy", "-1"},
-                                                                                     {"proxy", "eighty"}}) {
-        const auto error = via(host, port, "", "");
-        EXPECT_EQ(codeOf(error), codeOf(FetchFailure::proxyWords)) << host << ":" << port;
+    const std::pair<const char*, const char*> wrong[] = {
+        {"", "80"},     {" ", "80"},        {"http://proxy", "80"}, {"a b", "80"},   {"proxy", ""},
+        {"proxy", "0"}, {"proxy", "65536"}, {"proxy", "80a"},       {"proxy", "-1"}, {"proxy", "eighty"}};
+    for (const auto& [host, port] : wrong) {
+        EXPECT_TRUE(failed(via(host, port), FetchFailure::proxyWords)) << host << ":" << port;
     }
     EXPECT_TRUE(client.requests.empty());
     EXPECT_FALSE(folder.exists("x.dat"));
-    EXPECT_EQ(messageOf(via(" proxy.example ", " 3128 ", "", "secret")), "");
-    EXPECT_EQ(messageOf(via("[::1]", "3128", "me", "secret")), "");
+    EXPECT_EQ(outcome(via(" proxy.example ", " 3128 ")), "");
+    EXPECT_EQ(outcome(via("[::1]", "3128", "me")), "");
     ASSERT_EQ(client.requests.size(), 2U);
     EXPECT_EQ(client.requests[1].proxy->host, "::1");
     EXPECT_EQ(client.requests[0].proxy->host, "proxy.example");
@@ -127,52 +109,39 @@ TEST_F(FetcherTest, ProxyWordsAreTakenOrRefusedByTheirSense) {
 
 TEST_F(FetcherTest, MessagesOfElementsBecomeThreeLineSets) {
     client.answers(200, "OK", csv);
-    EXPECT_EQ(messageOf(fetch("stations")), "");
+    EXPECT_EQ(outcome(fetch("stations")), "");
     EXPECT_EQ(client.requests.at(0).url,
               "https://celestrak.org/NORAD/elements/gp.php?GROUP=stations&FORMAT=csv");
-    int sets = 0;
-    readElementSets(folder.read("stations.txt"),
-                    {[&](ElementSet&& set) {
-                         ++sets;
-                         EXPECT_EQ(set.name, "ISS (ZARYA)");
-                         EXPECT_EQ(set.catalogNumber, 25544);
-                     },
-                     [](ElementRemark&& remark) { ADD_FAILURE() << remark.reason; }});
-    EXPECT_EQ(sets, 1);
+    const std::string start = "ISS (ZARYA)             \r\n1 25544U 98067A   26218.05391056 ";
+    EXPECT_TRUE(folder.read("stations.txt").starts_with(start)) << folder.read("stations.txt");
     EXPECT_TRUE(told.empty());
 }
 
-TEST_F(FetcherTest, ASetThatIsLeftOutIsTold) {
-    client.answers(
-        200, "OK",
-        csv + "BROKEN,1998-067A,yesterday,15.4,.0007,51.6,53.3,17.1,342.9,0,U,25545,999,5,0,0,0\r\n");
-    EXPECT_EQ(messageOf(fetch("stations")), "");
-    ASSERT_EQ(told.size(), 1U);
-    EXPECT_EQ(told[0].rfind("stations.txt: left out: ", 0), 0U) << told[0];
-    told.clear();
+TEST_F(FetcherTest, SetsThatAreLeftOutAreToldUpToTwenty) {
     std::string broken = csv;
     for (int set = 0; set < 1500; ++set) broken += "BROKEN,1998-067A,yesterday,15.4\r\n";
     client.answers(200, "OK", broken);
-    EXPECT_EQ(messageOf(fetch("visual")), "");
+    EXPECT_EQ(outcome(fetch("visual")), "");
     ASSERT_EQ(told.size(), 21U);
+    EXPECT_EQ(told[0], "visual.txt: left out: line 3 has not the columns of its heading");
     EXPECT_EQ(told.back(), "visual.txt: left out: 1480 more");
 }
 
 TEST_F(FetcherTest, ThreeLineSetsAreTakenAsTheyStand) {
-    const std::string sets = readTextFile(std::string(VANTRACE_DATA_FOLDER) + "/stations.txt", 1 << 20);
+    const std::string sets = shippedSets();
     // One that was cut short is for the update to mend.
     for (const std::string& content : {sets, sets.substr(0, 400), "# remark\n\n" + sets}) {
         restart();
         advanceMinutes(120);
         client.answers(200, "OK", content);
-        EXPECT_EQ(messageOf(fetch("stations")), "");
+        EXPECT_EQ(outcome(fetch("stations")), "");
         EXPECT_EQ(folder.read("stations.txt"), content);
     }
 }
 
 TEST_F(FetcherTest, AnAnswerWithoutAGoodSetReplacesNothing) {
     const std::string heading = csv.substr(0, csv.find('\n') + 1);
-    const std::string sets = readTextFile(std::string(VANTRACE_DATA_FOLDER) + "/stations.txt", 1 << 20);
+    const std::string sets = shippedSets();
     const std::string set = sets.substr(0, sets.find('\n', sets.find("\n2 ") + 1) + 1);
     int number = 0;
     for (const std::string& content :
@@ -182,20 +151,16 @@ TEST_F(FetcherTest, AnAnswerWithoutAGoodSetReplacesNothing) {
         const std::string group = "group" + std::to_string(++number);
         folder.write(group + ".txt", "old");
         client.answers(200, "OK", content);
-        const auto error = fetch(group);
-        EXPECT_EQ(codeOf(error), codeOf(FetchFailure::noElements)) << content;
-        EXPECT_NE(messageOf(error).find("not asked again before 14:00:00"), std::string::npos)
-            << messageOf(error);
+        EXPECT_TRUE(failed(fetch(group), FetchFailure::noElements, "not asked again before 14:00:00"))
+            << content;
         EXPECT_EQ(folder.read(group + ".txt"), "old");
     }
-    EXPECT_NE(messageOf(fetch("group1")).find("held no good element set"), std::string::npos);
+    EXPECT_TRUE(failed(fetch("group1"), FetchFailure::tooEarly, "held no good element set"));
 }
 
 TEST_F(FetcherTest, OtherPagesOfTheElementHostArentLookedAt) {
     client.answers(200, "OK", "<html>catalogue</html>");
-    EXPECT_EQ(messageOf(fetcher->FetchToFile("http://celestrak.org/pub/satcat.csv",
-                                             folder.appPath() + "satcat.csv")),
-              "");
+    EXPECT_EQ(outcome(fetchPage("http://celestrak.org/pub/satcat.csv", "satcat.csv")), "");
     EXPECT_EQ(folder.read("satcat.csv"), "<html>catalogue</html>");
 }
 

@@ -1,7 +1,6 @@
 #include "internet/omm/element_columns.h"
 
 #include "internet/omm/epoch_columns.h"
-#include "orbit/elements/element_fields.h"
 #include "orbit/elements/element_reader.h"
 #include "tests/support/testing.h"
 
@@ -43,13 +42,6 @@ TEST(ElementColumnsTest, ExponentsCarryShrinkAndEnd) {
         {"1e-999", " 00000+0"},
     };
     for (const auto& [given, wanted] : cases) EXPECT_EQ(exponentOf(given), wanted) << given;
-}
-
-TEST(ElementColumnsTest, TheEngineReadsBackWhatTheExponentsSay) {
-    for (const char* given : {".7969016E-4", "-.56082E-1", "0.000011563", "12.345", "-1e-9"}) {
-        const double read = exponentField(exponentOf(given)).value();
-        EXPECT_NEAR(read, std::stod(given), std::abs(std::stod(given)) * 5.0e-5) << given;
-    }
 }
 
 TEST(ElementColumnsTest, WhatIsNoPlainDecimalIsNoNumber) {

@@ -1,6 +1,5 @@
 
 #include "tests/station/steering/fake_daemons.h"
-#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {

@@ -1,12 +1,6 @@
 // Daemons of the test's own process: they answer as the real ones do, when the test lets them.
 #pragma once
 
-#include <map>
-#include <optional>
-#include <string>
-#include <string_view>
-#include <vector>
-
 #include "station/steering/daemon_session.h"
 #include "tests/support/testing.h"
 
@@ -43,6 +37,11 @@ class FakeDaemon {
             commands.push_back(command);
             session.received(answer(command), now);
         }
+    }
+    /// Comes, and answers what it is asked at the beginning.
+    void arrive(double now) {
+        come(now);
+        serve(now);
     }
     /// The commands of one kind: "+P".
     Texts of(std::string_view kind) const {
@@ -91,11 +90,6 @@ class FakeRotatorDaemon final : public FakeDaemon {
             if (foldsBelowZero && m_sentTo < 0.0) m_sentTo += 360.0;
             m_elevation = command.substr(command.rfind(' ') + 1);
         }
-        const auto word = [](const std::string& text, int n) {
-            std::size_t at = 0;
-            while (n-- > 0) at = text.find(' ', at) + 1;
-            return text.substr(at, text.find(' ', at) - at);
-        };
         if (command == "+p") {
             m_azimuth += std::clamp(m_sentTo - m_azimuth, -turnsDeg, turnsDeg);
             const double shown = showsWholeCircleOnly && m_azimuth < 0.0 ? m_azimuth + 360.0 : m_azimuth;
@@ -103,10 +97,15 @@ class FakeRotatorDaemon final : public FakeDaemon {
                    "\nRPRT 0\n";
         }
         if (command == "+\\dump_state") {
-            return "dump_state:\nrotctld Protocol Ver: 1\nRotor Model: 1\nMinimum Azimuth: " +
-                   word(limits, 0) + "\nMaximum Azimuth: " + word(limits, 1) +
-                   "\nMinimum Elevation: " + word(limits, 2) + "\nMaximum Elevation: " + word(limits, 3) +
-                   "\nSouth Zero: 0\nrot_type=AzEl\ndone\nRPRT 0\n";
+            std::istringstream words(limits);
+            std::string text = "dump_state:\nrotctld Protocol Ver: 1\nRotor Model: 1\n";
+            for (const char* const limit :
+                 {"Minimum Azimuth", "Maximum Azimuth", "Minimum Elevation", "Maximum Elevation"}) {
+                std::string value;
+                words >> value;
+                text += std::string(limit) + ": " + value + "\n";
+            }
+            return text + "South Zero: 0\nrot_type=AzEl\ndone\nRPRT 0\n";
         }
         return FakeDaemon::usual(command);
     }

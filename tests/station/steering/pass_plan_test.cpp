@@ -59,68 +59,63 @@ void expectSound(const std::vector<PathPoint>& path, const RotatorLimits& limits
     EXPECT_EQ(plan.unreachableSeconds, 0.0);
 }
 
-TEST(PassPlan, NorthIsCrossedByOverlapOrOverTheTopAndElseByOneTurn) {
-    const std::vector<PathPoint> throughNorth = arc(300, 440);
-    const PassPlan turned = planPass(throughNorth, plain, std::nullopt);
-    expectSound(throughNorth, plain, turned);
-    ASSERT_EQ(turned.turns.size(), 1U);
-    EXPECT_NEAR(turned.turns[0].from.azimuthDeg, 360.0, limitSlackDeg);
-    EXPECT_NEAR(turned.turns[0].to.azimuthDeg, 0.0, 2 * limitSlackDeg);
-    const PassPlan overlapped = planPass(throughNorth, overlapping, std::nullopt);
-    expectSound(throughNorth, overlapping, overlapped);
-    EXPECT_TRUE(overlapped.turns.empty());
-    EXPECT_NEAR(overlapped.points.back().position.azimuthDeg, 440.0, 1e-9);
-    const PassPlan flipped = planPass(throughNorth, flipping, std::nullopt);
-    expectSound(throughNorth, flipping, flipped);
-    EXPECT_TRUE(flipped.turns.empty());
-    EXPECT_TRUE(flipped.points.front().isFlipped);
-    EXPECT_NEAR(flipped.points.front().position.azimuthDeg, 120.0, 1e-9);
-    EXPECT_NEAR(flipped.points.front().position.elevationDeg, 140.0, 1e-9);
-    const PassPlan southern = planPass(throughNorth, southStop, std::nullopt);
-    EXPECT_TRUE(southern.turns.empty()) << "this rotator's end lies in the south";
-    EXPECT_NEAR(southern.points.front().position.azimuthDeg, -60.0, 1e-9);
+PassPlan planned(const std::vector<PathPoint>& path, const RotatorLimits& limits,
+                 const std::optional<RotatorPosition>& from = std::nullopt) {
+    PassPlan plan = planPass(path, limits, from);
+    expectSound(path, limits, plan);
+    return plan;
 }
 
-TEST(PassPlan, AnOverlapIsEnteredFromItsStartWhereThePassLeadsBack) {
+TEST(PassPlan, NorthIsCrossedByOverlapOrOverTheTopAndElseByOneTurn) {
+    struct Case {
+        RotatorLimits limits;
+        std::size_t turns;
+        RotatorPosition first;
+        std::optional<RotatorPosition> from = std::nullopt;
+    };
+    const std::vector<PathPoint> throughNorth = arc(300, 440);
+    for (const auto& [limits, turns, first, from] :
+         {Case{plain, 1, {300, 40}}, Case{overlapping, 0, {300, 40}}, Case{flipping, 0, {120, 140}},
+          Case{southStop, 0, {-60, 40}}, Case{doubtful, 0, {300, 40}, RotatorPosition{0, 0}}}) {
+        const PassPlan plan = planned(throughNorth, limits, from);
+        ASSERT_EQ(plan.turns.size(), turns);
+        EXPECT_NEAR(plan.points[0].position.azimuthDeg, first.azimuthDeg, 1e-9);
+        EXPECT_NEAR(plan.points[0].position.elevationDeg, first.elevationDeg, 1e-9);
+        EXPECT_EQ(plan.points[0].isFlipped, first.elevationDeg > 90);
+        if (turns == 0) continue;
+        EXPECT_NEAR(plan.turns[0].from.azimuthDeg, 360.0, limitSlackDeg);
+        EXPECT_NEAR(plan.turns[0].to.azimuthDeg, 0.0, 2 * limitSlackDeg);
+    }
     // Falling azimuths from 80 through north to 280: only from 440 down is there room.
-    const std::vector<PathPoint> path = arc(80, -80);
-    const PassPlan plan = planPass(path, overlapping, RotatorPosition{70, 0});
-    expectSound(path, overlapping, plan);
-    EXPECT_TRUE(plan.turns.empty());
-    EXPECT_NEAR(plan.points.front().position.azimuthDeg, 440.0, 1e-9);
+    const PassPlan back = planned(arc(80, -80), overlapping, RotatorPosition{70, 0});
+    EXPECT_TRUE(back.turns.empty());
+    EXPECT_NEAR(back.points[0].position.azimuthDeg, 440.0, 1e-9);
+    // No way of 180 degrees from 320 on fits between 0 and 450: to save a turn the doubtful part is taken.
+    const PassPlan saving = planned(arc(320, 500), doubtful, RotatorPosition{320, 0});
+    EXPECT_TRUE(saving.turns.empty());
+    EXPECT_NEAR(saving.points[0].position.azimuthDeg, -40.0, 1e-9);
 }
 
 TEST(PassPlan, OfEqualWaysTheNearOneAndNeverAFlipWithoutNeed) {
-    const std::vector<PathPoint> path = arc(20, 60);
-    EXPECT_NEAR(planPass(path, overlapping, RotatorPosition{10, 0}).points[0].position.azimuthDeg, 20, 1e-9);
-    EXPECT_NEAR(planPass(path, overlapping, RotatorPosition{400, 0}).points[0].position.azimuthDeg, 380,
-                1e-9);
-    EXPECT_FALSE(planPass(path, everything, RotatorPosition{200, 150}).points[0].isFlipped);
-}
-
-TEST(PassPlan, DoubtfulAzimuthsAreTakenOnlyToSaveATurn) {
-    const PassPlan certain = planPass(arc(300, 440), doubtful, RotatorPosition{0, 0});
-    EXPECT_TRUE(certain.turns.empty());
-    EXPECT_NEAR(certain.points.front().position.azimuthDeg, 300.0, 1e-9);
-    // No way of 180 degrees from 320 on fits between 0 and 450.
-    const PassPlan saving = planPass(arc(320, 500), doubtful, RotatorPosition{320, 0});
-    EXPECT_TRUE(saving.turns.empty());
-    EXPECT_NEAR(saving.points.front().position.azimuthDeg, -40.0, 1e-9);
+    const auto firstFrom = [](const RotatorPosition& from, const RotatorLimits& limits) {
+        return planned(arc(20, 60), limits, from).points[0];
+    };
+    EXPECT_NEAR(firstFrom({10, 0}, overlapping).position.azimuthDeg, 20, 1e-9);
+    EXPECT_NEAR(firstFrom({400, 0}, overlapping).position.azimuthDeg, 380, 1e-9);
+    EXPECT_FALSE(firstFrom({200, 150}, everything).isFlipped);
 }
 
 TEST(PassPlan, AnUnavoidableTurnIsMadeWhereTheSatelliteIsLowest) {
     // 320 to 500 leaves a choice between 360 and 450 for the turn; the satellite sinks all the way.
     std::vector<PathPoint> path = arc(320, 500);
     for (PathPoint& point : path) point.direction.elevationDeg = 80.0 - point.seconds / 10.0;
-    const PassPlan plan = planPass(path, overlapping, std::nullopt);
-    expectSound(path, overlapping, plan);
+    const PassPlan plan = planned(path, overlapping);
     ASSERT_EQ(plan.turns.size(), 1U);
     EXPECT_NEAR(plan.turns[0].from.azimuthDeg, 450.0, 2 * limitSlackDeg);
 }
 
 TEST(PassPlan, ALittleBeyondALimitIsWaitedForAtIt) {
-    const std::vector<PathPoint> path = arc(30, -0.8);
-    const PassPlan plan = planPass(path, plain, std::nullopt);
+    const PassPlan plan = planned(arc(30, -0.8), plain);
     EXPECT_TRUE(plan.turns.empty());
     EXPECT_EQ(plan.points.back().position.azimuthDeg, 0.0);
 }
@@ -148,11 +143,7 @@ TEST(PassPlan, TheLinesDirectionIsTakenTheWayThatIsPlanned) {
 /// A pass of a low orbit, by all kinds of rotators.
 void expectFollowed(const ComingPass& pass) {
     const auto [least, most] = azimuthRange(pass.path);
-    const auto turnsOf = [&](const RotatorLimits& limits) {
-        const PassPlan plan = planPass(pass.path, limits, std::nullopt);
-        expectSound(pass.path, limits, plan);
-        return plan.turns.size();
-    };
+    const auto turnsOf = [&](const RotatorLimits& limits) { return planned(pass.path, limits).turns.size(); };
     EXPECT_LE(turnsOf(plain), 1U) << "it crosses each end once at most";
     EXPECT_LE(turnsOf(southStop), 1U);
     EXPECT_LE(turnsOf(overlapping), most - least < 90.0 ? 0U : 1U);

@@ -1,7 +1,6 @@
 #include "station/steering/radio_control.h"
 
 #include "tests/station/steering/fake_daemons.h"
-#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {
@@ -10,18 +9,14 @@ using Use = RadioControl::Use;
 
 class RadioControlTest : public ::testing::Test {
   protected:
-    RadioControl radioFor(Use use) {
-        return {daemon.session, use, 10.0, [this](std::string_view text) { told.emplace_back(text); }};
+    RadioControl radioFor(Use use, const RadioVfos& vfos = {}) {
+        return {daemon.session, use, 10.0, [this](std::string_view text) { told.emplace_back(text); }, vfos};
     }
     Texts tuned(RadioControl& radio, double downlinkHz, double uplinkHz) {
         daemon.commands.clear();
         radio.tune(downlinkHz, uplinkHz);
         daemon.serve(0);
         return daemon.commands;
-    }
-    void connect() {
-        daemon.come(0);
-        daemon.serve(0);
     }
 
     Texts told;
@@ -30,7 +25,7 @@ class RadioControlTest : public ::testing::Test {
 
 TEST_F(RadioControlTest, ATransceiverIsSplitOnceAndTunedOnBothSides) {
     RadioControl radio = radioFor(Use::transceiver);
-    connect();
+    daemon.arrive(0);
     EXPECT_EQ(tuned(radio, 145801200, 435001234.4),
               (Texts{"+V VFOA", "+F 145801200", "+S 1 VFOB", "+I 435001234"}));
     EXPECT_EQ(tuned(radio, 145801209, 435001244.5), (Texts{"+I 435001245"})) << "9 Hz are left out";
@@ -46,33 +41,19 @@ TEST_F(RadioControlTest, ATransceiverIsSplitOnceAndTunedOnBothSides) {
 
 TEST_F(RadioControlTest, TwoRadiosGetOneFrequencyEach) {
     RadioControl receiver = radioFor(Use::receiver);
-    connect();
+    daemon.arrive(0);
     EXPECT_EQ(tuned(receiver, 145800000, 435000000), (Texts{"+V VFOA", "+F 145800000"}));
     RadioControl transmitter = radioFor(Use::transmitter);
     daemon.session.disconnected("closed", 0);
-    daemon.session.tick(50);
-    daemon.session.connected(50);
-    daemon.serve(50);
+    daemon.arrive(50);
     EXPECT_EQ(tuned(transmitter, 145800000, 435000000), (Texts{"+V VFOA", "+F 435000000"}));
     EXPECT_EQ(tuned(transmitter, 145900000, 0), Texts{});
 }
 
-TEST_F(RadioControlTest, ADaemonThatWantsItGetsTheSideNamed) {
+TEST_F(RadioControlTest, ADaemonThatWantsItGetsTheSideByTheNameThatTheUserGave) {
     daemon.answers["+\\chk_vfo"] = "ChkVFO: 1\n";
-    RadioControl radio = radioFor(Use::transceiver);
-    connect();
-    EXPECT_EQ(tuned(radio, 145800000, 435000000),
-              (Texts{"+V VFOA", "+F VFOA 145800000", "+S VFOA 1 VFOB", "+I VFOB 435000000"}));
-}
-
-TEST_F(RadioControlTest, TheSidesHaveTheNamesThatTheUserGave) {
-    daemon.answers["+\\chk_vfo"] = "ChkVFO: 1\n";
-    RadioControl radio{daemon.session,
-                       Use::transceiver,
-                       10.0,
-                       [this](std::string_view text) { told.emplace_back(text); },
-                       {"Main", "Sub"}};
-    connect();
+    RadioControl radio = radioFor(Use::transceiver, {"Main", "Sub"});
+    daemon.arrive(0);
     EXPECT_EQ(tuned(radio, 145800000, 435000000),
               (Texts{"+V Main", "+F Main 145800000", "+S Main 1 Sub", "+I Sub 435000000"}));
     daemon.commands.clear();
@@ -83,7 +64,7 @@ TEST_F(RadioControlTest, TheSidesHaveTheNamesThatTheUserGave) {
 
 TEST_F(RadioControlTest, NothingReachesAWrongSideWhileItIsSelectedOrSplitInVain) {
     RadioControl radio = radioFor(Use::transceiver);
-    connect();
+    daemon.arrive(0);
     daemon.answers["+V"] = "set_vfo:\nRPRT -5\n";
     EXPECT_EQ(tuned(radio, 145800000, 435000000), (Texts{"+V VFOA"}));
     daemon.answers.clear();
@@ -108,18 +89,17 @@ TEST_F(RadioControlTest, NothingReachesAWrongSideWhileItIsSelectedOrSplitInVain)
 TEST_F(RadioControlTest, ARadioThatComesBackIsSplitAndTunedAnew) {
     RadioControl radio = radioFor(Use::transceiver);
     EXPECT_EQ(tuned(radio, 145800000, 435000000), Texts{});
-    connect();
+    daemon.arrive(0);
     EXPECT_EQ(tuned(radio, 145800000, 435000000).size(), 4U);
     daemon.session.disconnected("closed", 1);
     EXPECT_EQ(tuned(radio, 145800000, 435000000), Texts{});
-    daemon.come(3);
-    daemon.serve(3);
+    daemon.arrive(3);
     EXPECT_EQ(tuned(radio, 145800000, 435000000).size(), 4U);
 }
 
 TEST_F(RadioControlTest, ARefusalIsToldOnceAndTheFrequencyTriedAgain) {
     RadioControl radio = radioFor(Use::transceiver);
-    connect();
+    daemon.arrive(0);
     daemon.answers["+S"] = "set_split_vfo:\nRPRT -11\n";
     daemon.answers["+I"] = "set_split_freq:\nRPRT -9\n";
     for (int i = 0; i < 3; ++i) {

@@ -1,17 +1,12 @@
 #include "station/steering/rotator_control.h"
 
 #include "tests/station/steering/fake_daemons.h"
-#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {
 
 class RotatorControlTest : public ::testing::Test {
   protected:
-    void connect() {
-        daemon.come(0);
-        daemon.serve(0);
-    }
     Texts pointedAt() {
         daemon.serve(0);
         return daemon.of("+P");
@@ -23,7 +18,7 @@ class RotatorControlTest : public ::testing::Test {
 };
 
 TEST_F(RotatorControlTest, SmallMovementsAreLeftOut) {
-    connect();
+    daemon.arrive(0);
     for (int i = 0; i <= 40; ++i) {
         rotator.point({100.0 + 0.1 * i, 20.0});
         daemon.serve(0);
@@ -37,14 +32,13 @@ TEST_F(RotatorControlTest, SmallMovementsAreLeftOut) {
 
 TEST_F(RotatorControlTest, ADaemonThatComesBackIsToldThePositionAgain) {
     rotator.point({100, 20});
-    connect();
+    daemon.arrive(0);
     EXPECT_TRUE(pointedAt().empty()) << "what was wanted before it came is old";
     rotator.point({100, 20});
     EXPECT_EQ(pointedAt().size(), 1U);
     daemon.session.disconnected("closed", 1);
     EXPECT_FALSE(rotator.present());
-    daemon.come(3);
-    daemon.serve(3);
+    daemon.arrive(3);
     rotator.point({100, 20});
     EXPECT_EQ(pointedAt().size(), 2U);
 }
@@ -53,7 +47,7 @@ TEST_F(RotatorControlTest, LimitsAndPositionAreRead) {
     daemon.limits = "-180.000000 450.000000 0.000000 180.000000";
     int limitsTold = 0;
     rotator.onLimits = [&] { ++limitsTold; };
-    connect();
+    daemon.arrive(0);
     ASSERT_TRUE(rotator.limits());
     EXPECT_EQ(*rotator.limits(), (RotatorLimits{-180, 450, 0, 180}));
     EXPECT_EQ(limitsTold, 1);
@@ -67,14 +61,14 @@ TEST_F(RotatorControlTest, LimitsAndPositionAreRead) {
 }
 
 TEST_F(RotatorControlTest, AzimuthsBelowZeroEndWhereTheRotatorStandsATurnAboveThem) {
-    enum class Kind { goes, showsWholeCircleOnly, folds };
     double now = 0.0;
-    for (const Kind kind : {Kind::goes, Kind::showsWholeCircleOnly, Kind::folds}) {
+    for (const auto& [folds, showsWholeCircleOnly] :
+         {std::pair{false, false}, std::pair{false, true}, std::pair{true, false}}) {
         FakeRotatorDaemon fake{"rotator", told};
         RotatorControl control{fake.session, 2.0, [this](std::string_view t) { told.emplace_back(t); }};
         fake.limits = "-180 450 0 90";
-        fake.foldsBelowZero = kind == Kind::folds;
-        fake.showsWholeCircleOnly = kind == Kind::showsWholeCircleOnly;
+        fake.foldsBelowZero = folds;
+        fake.showsWholeCircleOnly = showsWholeCircleOnly;
         fake.turnsDeg = 12.0;
         control.limitsInForce = [&] {
             RotatorLimits limits = *control.limits();
@@ -83,8 +77,7 @@ TEST_F(RotatorControlTest, AzimuthsBelowZeroEndWhereTheRotatorStandsATurnAboveTh
         };
         const double start = now;
         control.tick(start);
-        fake.come(start);
-        fake.serve(start);
+        fake.arrive(start);
         for (; now < start + 70.0; ++now) {
             control.point({-40.0 - 0.02 * (now - start), 20});
             control.tick(now);
@@ -92,12 +85,11 @@ TEST_F(RotatorControlTest, AzimuthsBelowZeroEndWhereTheRotatorStandsATurnAboveTh
             const bool isLeft = control.limits()->azimuthLeastDeg == 0.0;
             EXPECT_FALSE(isLeft && now < start + 40.0) << "it may be on its way";
         }
-        const bool folds = kind == Kind::folds;
         EXPECT_EQ(control.goesBelowZero(), !folds);
+        EXPECT_NEAR(control.present()->azimuthDeg, folds ? 319.0 : -41.0, 1.5);
         EXPECT_EQ(control.limits()->azimuthLeastDeg, folds ? 0.0 : -180.0);
         fake.session.disconnected("closed", now);
-        fake.come(now + 30);
-        fake.serve(now + 30);
+        fake.arrive(now + 30);
         EXPECT_EQ(control.limits()->azimuthLeastDeg, folds ? 0.0 : -180.0) << "what the driver says is known";
         EXPECT_EQ(control.goesBelowZero(), !folds);
         now += 60.0;
@@ -109,14 +101,14 @@ TEST_F(RotatorControlTest, AzimuthsBelowZeroEndWhereTheRotatorStandsATurnAboveTh
 TEST_F(RotatorControlTest, APlaceOfRestIsTakenByWholeTurnsBeforeItIsHeldToTheLimits) {
     for (const auto& [limits, place, command] :
          {std::tuple{"0 360 0 90", RotatorPosition{-30, 0}, "+P 330.00 0.00"},
+          std::tuple{"10 90 0 90", RotatorPosition{355, 0}, "+P 10.00 0.00"},
           std::tuple{"-180 180 0 90", RotatorPosition{270, 95}, "+P -90.00 90.00"},
           std::tuple{"0 450 0 90", RotatorPosition{400, 0}, "+P 400.00 0.00"},
           std::tuple{"10 90 0 90", RotatorPosition{-5, 0}, "+P 10.00 0.00"}}) {
         FakeRotatorDaemon fake{"rotator", told};
         RotatorControl control{fake.session, 2.0, [](std::string_view) {}};
         fake.limits = limits;
-        fake.come(0);
-        fake.serve(0);
+        fake.arrive(0);
         control.park(place);
         fake.serve(0);
         EXPECT_EQ(fake.commands.back(), command) << limits;
@@ -126,8 +118,7 @@ TEST_F(RotatorControlTest, APlaceOfRestIsTakenByWholeTurnsBeforeItIsHeldToTheLim
 TEST_F(RotatorControlTest, LimitsThatMakeNoSenseAreNone) {
     for (const char* const limits : {"0 0 0 90", "360 0 0 90", "0 1e9 0 90", "x 360 0 90", "0 360 90 0"}) {
         daemon.limits = limits;
-        daemon.come(0);
-        daemon.serve(0);
+        daemon.arrive(0);
         daemon.session.disconnected("closed", 0);
         daemon.session.tick(100);
         EXPECT_FALSE(rotator.limits()) << limits;
@@ -135,7 +126,7 @@ TEST_F(RotatorControlTest, LimitsThatMakeNoSenseAreNone) {
 }
 
 TEST_F(RotatorControlTest, ARefusalIsToldOnceAndTheCommandTriedAgain) {
-    connect();
+    daemon.arrive(0);
     daemon.answers["+P"] = "set_pos:\nRPRT -1\n";
     for (int i = 0; i < 3; ++i) {
         rotator.point({100, 20});
@@ -146,7 +137,7 @@ TEST_F(RotatorControlTest, ARefusalIsToldOnceAndTheCommandTriedAgain) {
 }
 
 TEST_F(RotatorControlTest, StopOvertakesAPositionThatWaits) {
-    connect();
+    daemon.arrive(0);
     rotator.point({100, 20});
     rotator.point({150, 20});
     rotator.stop();
@@ -180,7 +171,7 @@ TEST_F(RotatorControlTest, TheRestIsTriedAgainUntilItIsTakenOrSomethingElseIsWan
     };
     rotator.park(RotatorPosition{400, -5});
     EXPECT_TRUE(pointedAt().empty()) << "its daemon is away";
-    connect();
+    daemon.arrive(0);
     daemon.answers["+P"] = "set_pos:\nRPRT -9\n";
     ticks(0, 10);
     EXPECT_GE(pointedAt().size(), 3U);

@@ -1,8 +1,6 @@
 // A whole station over fake daemons, for the tests of the steering.
 #pragma once
 
-#include <algorithm>
-
 #include "core/numbers.h"
 #include "station/steering/steering.h"
 #include "tests/station/steering/fake_daemons.h"
@@ -10,8 +8,6 @@
 #include "tests/support/testing.h"
 
 namespace vantrace {
-
-using Texts = std::vector<std::string>;
 
 class SkyPasses final : public PassSource {
   public:
@@ -52,6 +48,26 @@ class SteeringTest : public ::testing::Test {
                formatNumber(435e6 * (1 + ratio), "0") + " DN" + formatNumber(145.8e6 * (1 - ratio), "0") +
                " DO" + formatNumber(-ratio * 1e8, "0.####", ',');
     }
+    static SteeringOptions parkingAt(const RotatorPosition& park) {
+        SteeringOptions options;
+        options.atLoss = SteeringOptions::AtLoss::goToPark;
+        options.park = park;
+        return options;
+    }
+    void restartRotator(const std::string& limits, double now) {
+        rotatorDaemon.limits = limits;
+        rotatorDaemon.session.disconnected("restarted", now - 5);
+        rotatorDaemon.come(now);
+        serve(now);
+        rotatorDaemon.commands.clear();
+    }
+    /// Where the rotator was sent.
+    std::vector<double> azimuths() const {
+        std::vector<double> found;
+        for (const std::string& command : rotatorDaemon.of("+P"))
+            found.push_back(std::stod(command.substr(3)));
+        return found;
+    }
     void give(const std::string& line, double second) {
         m_steering->lineCame(line, plusSeconds(begin, second), second);
         serve(second);
@@ -71,8 +87,12 @@ class SteeringTest : public ::testing::Test {
             told, [part](const std::string& text) { return text.find(part) != std::string::npos; }));
     }
 
+    /// Of a satellite without elements.
+    static constexpr const char* nobody = "SNNOBODY AZ100.00 EL30.00 UP435000000 DN145800000 DO0";
+
     Texts told;
     ShippedSky sky{52.0, 5.0};
+    const ComingPass issPass = sky.passesOf("ISS_(ZARYA)", 1).front();
     Instant begin = ShippedSky::start();
     SkyPasses passes{sky.engine};
     FakeRotatorDaemon rotatorDaemon{"rotator", told};

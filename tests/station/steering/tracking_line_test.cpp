@@ -52,39 +52,24 @@ TEST(TrackingLine, OfTheMoonHasNoFrequencies) {
 }
 
 TEST(TrackingLine, WhatIsNotWhollyALineIsNone) {
-    for (const std::string_view text : {"",
-                                        "SN",
-                                        "SN AZ1 EL1 UP0 DN0 DO0",
-                                        "snISS AZ1 EL1 UP0 DN0 DO0",
-                                        "SNISS",
-                                        "SNISS AZ1",
-                                        "SNISS AZ1 EL1 UP0 DN0",
-                                        "SNISS AZ1 EL1 UP0 DN0 DO0 ",
-                                        "SNISS AZ1 EL1 UP0 DN0 DO0 X",
-                                        "SNISS  AZ1 EL1 UP0 DN0 DO0",
-                                        "SNISS EL1 AZ1 UP0 DN0 DO0",
-                                        "SNISS AZ EL1 UP0 DN0 DO0",
-                                        "SNISS AZnan EL1 UP0 DN0 DO0",
-                                        "SNISS AZinf EL1 UP0 DN0 DO0",
-                                        "SNISS AZ1x EL1 UP0 DN0 DO0",
-                                        "SNISS AZ1;2 EL1 UP0 DN0 DO0",
-                                        "SNISS AZ0x10 EL1 UP0 DN0 DO0",
-                                        "SNISS AZ1,2,3 EL1 UP0 DN0 DO0",
-                                        "SNISS AZ1 EL1 UP1,5 DN0 DO0",
-                                        "SNISS AZ361 EL1 UP0 DN0 DO0",
-                                        "SNISS AZ-1 EL1 UP0 DN0 DO0",
-                                        "SNISS AZ1 EL91 UP0 DN0 DO0",
-                                        "SNISS AZ1 EL1 UPx DN0 DO0",
-                                        "SNISS AZ1 EL1 UP0 DN0 DO1E+300",
-                                        "SN\x1b[2J AZ1 EL1 UP0 DN0 DO0",
-                                        "SNI\tS AZ1 EL1 UP0 DN0 DO0",
-                                        "SNISS AZ1\rEL1 UP0 DN0 DO0",
-                                        "SNmoon AZ1 EL1",
-                                        "SNISS AZ+1 EL1 UP0 DN0 DO0"}) {
+    for (const std::string name : {"SN ", "snISS ", "SNISS  ", "SN\x1b[2J ", "SNI\tS ", "ISS ", ""}) {
+        EXPECT_NE(faultOf(name + "AZ1 EL1 UP0 DN0 DO0"), "") << name;
+    }
+    for (const std::string azimuth :
+         {"", "nan", "inf", "1x", "1;2", "0x10", "1,2,3", "361", "-1", "+1", "1\r"}) {
+        EXPECT_NE(faultOf("SNISS AZ" + azimuth + " EL1 UP0 DN0 DO0"), "") << azimuth;
+    }
+    for (const std::string_view rest :
+         {"", " AZ1", " AZ1 EL1 UP0 DN0", " AZ1 EL1 UP0 DN0 DO0 ", " AZ1 EL1 UP0 DN0 DO0 X",
+          " EL1 AZ1 UP0 DN0 DO0", " AZ1 EL1 UP1,5 DN0 DO0", " AZ1 EL91 UP0 DN0 DO0", " AZ1 EL1 UPx DN0 DO0",
+          " AZ1 EL1 UP0 DN0 DO1E+300", " AZ1\rEL1 UP0 DN0 DO0"}) {
+        EXPECT_NE(faultOf("SNISS" + std::string(rest)), "") << rest;
+    }
+    for (const std::string& text : {std::string(), std::string("SN"), std::string("SNmoon AZ1 EL1"),
+                                    "SN" + std::string(600, 'A') + " AZ1 EL1 UP0 DN0 DO0",
+                                    std::string("SNA\0B AZ1 EL1 UP0 DN0 DO0", 25)}) {
         EXPECT_NE(faultOf(text), "") << text;
     }
-    EXPECT_NE(faultOf("SN" + std::string(600, 'A') + " AZ1 EL1 UP0 DN0 DO0"), "");
-    EXPECT_NE(faultOf(std::string("SNA\0B AZ1 EL1 UP0 DN0 DO0", 25)), "");
 }
 
 TEST(TrackingLine, IsShownWithoutWhatCouldSteerATerminal) {

@@ -41,7 +41,7 @@ class RecordWindowTest : public ::testing::Test {
     ProgramState state;
 };
 
-TEST_F(RecordWindowTest, CountsDownRecordsAndStopsWithThePass) {
+TEST_F(RecordWindowTest, CountsDownRecordsAndStopsWithThePassAndShowsItBesideAFailureToo) {
     Record* const window = startPass();
     ASSERT_NE(window, nullptr);
     EXPECT_EQ(window->windowTitle().toStdString(), "Weather Satellite Signal Recorder");
@@ -51,10 +51,16 @@ TEST_F(RecordWindowTest, CountsDownRecordsAndStopsWithThePass) {
     ticks(window, 1);
     EXPECT_EQ(textOf(window, "Countdown"), "Recording in 14 Seconds");
     savePicture(*window, "record-countdown");
+    fakes.capture.failing = {"record"};
+    const auto expectRecording = [&] {
+        EXPECT_EQ(textOf(window, "Countdown"), "RECORDING NOW");
+        EXPECT_EQ(textOf(window, "BUTstartstop"), "Stop Now");
+        EXPECT_FALSE(childOf<QTimer>(window, "Timer1")->isActive());
+    };
+    fakes.dialogs.onMessage = expectRecording;  // while a failure is told
     ticks(window, 14);
-    EXPECT_EQ(textOf(window, "Countdown"), "RECORDING NOW");
-    EXPECT_EQ(textOf(window, "BUTstartstop"), "Stop Now");
-    EXPECT_FALSE(childOf<QTimer>(window, "Timer1")->isActive());
+    EXPECT_EQ(fakes.dialogs.messages.size(), 1U);
+    expectRecording();
     savePicture(*window, "record-recording");
     recordWindow()->StopRecording();
     QTest::qWait(1);
@@ -67,7 +73,9 @@ TEST_F(RecordWindowTest, TheButtonsStartAndStopByHand) {
     Record* const window = startPass();
     click(window, "BUTstartstop");
     EXPECT_EQ(textOf(window, "BUTstartstop"), "Stop Now");
+    EXPECT_TRUE(fakes.capture.commands.empty());
     ticks(window, 1);
+    EXPECT_EQ(textOf(window, "Countdown"), "RECORDING NOW") << "that tick is the last";
     click(window, "BUTstartstop");
     QTest::qWait(1);
     EXPECT_EQ(windowOnScreen<Record>(), nullptr);
@@ -90,13 +98,14 @@ TEST_F(RecordWindowTest, CancelHidesItAndTheEndOfThePassPutsItAway) {
     click(window, "BUTcancel");
     EXPECT_EQ(windowOnScreen<Record>(), nullptr);
     EXPECT_FALSE(childOf<QTimer>(window, "Timer1")->isActive());
-    EXPECT_TRUE(state.Recording);
+    EXPECT_TRUE(fakes.capture.commands.empty());
+    EXPECT_TRUE(state.Recording) << "so that the pass isn't started again";
     recordWindow()->StopRecording();
     EXPECT_FALSE(fakes.windows.isLoaded("Record"));
     EXPECT_FALSE(state.Recording);
 }
 
-TEST_F(RecordWindowTest, ClosedByItsFrameItCancelsACountdownAndSavesARecording) {
+TEST_F(RecordWindowTest, ClosedByItsFrameItCancelsACountdownAndSavesARecordingOnce) {
     Record* window = startPass();
     window->close();
     QTest::qWait(1);
@@ -109,21 +118,6 @@ TEST_F(RecordWindowTest, ClosedByItsFrameItCancelsACountdownAndSavesARecording) 
     EXPECT_FALSE(fakes.windows.isLoaded("Record"));
     EXPECT_TRUE(hasSaved());
     EXPECT_TRUE(state.Recording) << "the pass isn't over, and isn't recorded twice";
-}
-
-TEST_F(RecordWindowTest, WhileAFailureIsToldTheWindowShowsWhatItDoes) {
-    Record* const window = startPass();
-    fakes.capture.failing = {"record"};
-    std::string countdown;
-    bool isTicking = true;
-    fakes.dialogs.onMessage = [&] {
-        countdown = textOf(window, "Countdown");
-        isTicking = childOf<QTimer>(window, "Timer1")->isActive();
-    };
-    ticks(window, 15);
-    EXPECT_EQ(countdown, "RECORDING NOW");
-    EXPECT_FALSE(isTicking);
-    savePicture(*window, "record-failed");
 }
 
 TEST_F(RecordWindowTest, WithoutTheSkinAndWithALongNameEverythingHasItsPlace) {

@@ -8,7 +8,6 @@
 #include "core/program_state.h"
 #include "orbit/orbit_engine.h"
 #include "tests/station/tracker_test.h"
-#include "tests/support/testing.h"
 #include "tests/support_qt/window_test.h"
 
 namespace vantrace {
@@ -19,7 +18,7 @@ class TrackerWindowTest : public ::testing::Test {
   protected:
     TrackerWindowTest() {
         fakes.clock.setUtc({2026, 8, 21, 20, 19, 20}, 120);
-        fakes.folder.write("stations.txt", trackedElements);
+        fakes.folder.write("stations.txt", testElements);
         fakes.folder.write("satellite.dat", trackedFrequencies);
         state.AppPath = fakes.folder.appPath();
         state.OrbitEngine = std::make_shared<OrbitEngine>(&fakes.clock);
@@ -30,13 +29,19 @@ class TrackerWindowTest : public ::testing::Test {
             "frmTracker", [this] { return std::make_unique<frmTracker>(fakes.host, state, fakes.withHost); });
     }
 
-    frmTracker* open(const char* name) {
+    frmTracker* open() {
         fakes.host.handle("test", [&] {
             fakes.windows.refer("frmTracker");
-            state.TrackerTag = name;
+            state.TrackerTag = "ISS (ZARYA)";
             fakes.windows.show("frmTracker");
         });
         return windowOnScreen<frmTracker>();
+    }
+    frmTracker* openOn() {
+        frmTracker* const window = open();
+        choose(window, "CHonOff");
+        tick(window, "Timer1");
+        return window;
     }
     static void choose(frmTracker* window, const char* box) { childOf<QCheckBox>(window, box)->click(); }
 
@@ -45,7 +50,7 @@ class TrackerWindowTest : public ::testing::Test {
 };
 
 TEST_F(TrackerWindowTest, ShowsAndPublishesThePassWhileTheLinkIsOn) {
-    frmTracker* const window = open("ISS (ZARYA)");
+    frmTracker* const window = open();
     ASSERT_NE(window, nullptr);
     EXPECT_EQ(textOf(window, "CHonOff"), "&Enable DDE Link");
     EXPECT_EQ(textOf(window, "CHtrackMoon"), "Track &Moon Instead of Selected Satellite");
@@ -68,9 +73,7 @@ TEST_F(TrackerWindowTest, ShowsAndPublishesThePassWhileTheLinkIsOn) {
 }
 
 TEST_F(TrackerWindowTest, WhatIsTypedIsTakenAndLeftAloneWhileItIsTyped) {
-    frmTracker* const window = open("ISS (ZARYA)");
-    choose(window, "CHonOff");
-    tick(window, "Timer1");
+    frmTracker* const window = openOn();
     auto* const downlink = childOf<QComboBox>(window, "COMdownlink");
     downlink->setEditText("437.550");
     downlink->lineEdit()->setCursorPosition(3);
@@ -88,9 +91,7 @@ TEST_F(TrackerWindowTest, WhatIsTypedIsTakenAndLeftAloneWhileItIsTyped) {
 }
 
 TEST_F(TrackerWindowTest, NeitherEscapeNorTheWheelEndsWhatIsTracked) {
-    frmTracker* const window = open("ISS (ZARYA)");
-    choose(window, "CHonOff");
-    tick(window, "Timer1");
+    frmTracker* const window = openOn();
     auto* const downlink = childOf<QComboBox>(window, "COMdownlink");
     const QString before = downlink->currentText();
     EXPECT_NE(downlink->focusPolicy(), Qt::WheelFocus);
@@ -109,7 +110,7 @@ TEST_F(TrackerWindowTest, NeitherEscapeNorTheWheelEndsWhatIsTracked) {
 
 TEST_F(TrackerWindowTest, TheMoonWithoutTheSkin) {
     fakes.settings.set("Skin", "0");
-    frmTracker* const window = open("ISS (ZARYA)");
+    frmTracker* const window = open();
     choose(window, "CHonOff");
     choose(window, "CHtrackMoon");
     tick(window, "Timer1");
@@ -120,10 +121,7 @@ TEST_F(TrackerWindowTest, TheMoonWithoutTheSkin) {
 
 TEST_F(TrackerWindowTest, AWindowThatIsOpenedAgainFillsItsDropDownsAgain) {
     for (int i = 0; i < 2; ++i) {
-        frmTracker* const window = open("ISS (ZARYA)");
-        ASSERT_NE(window, nullptr);
-        choose(window, "CHonOff");
-        tick(window, "Timer1");
+        frmTracker* const window = openOn();
         EXPECT_EQ(childOf<QComboBox>(window, "COMuplink")->count(), 2);
         window->close();
         QTest::qWait(1);
@@ -132,13 +130,18 @@ TEST_F(TrackerWindowTest, AWindowThatIsOpenedAgainFillsItsDropDownsAgain) {
     }
 }
 
-TEST_F(TrackerWindowTest, AMissingStationProgramIsTold) {
-    frmTracker* const window = open("ISS (ZARYA)");
-    QTest::mouseClick(childOf<QPushButton>(window, "BUTwisp"), Qt::LeftButton);
-    ASSERT_EQ(fakes.dialogs.messages.size(), 1U);
-    fakes.folder.write("wispdde.exe", "not a program");
+TEST_F(TrackerWindowTest, TheStationProgramIsStartedFromTheProgramFolderAndAMissingOneIsTold) {
+    auto* const button = childOf<QPushButton>(open(), "BUTwisp");
+    QTest::mouseClick(button, Qt::LeftButton);
+    EXPECT_EQ(fakes.dialogs.messages,
+              (Texts{"WiSP-DDE is not installed, it must be in the Vantrace folder."}));
+    EXPECT_TRUE(fakes.desktop.started.empty());
+    fakes.folder.write("wispdde.exe", "#!/bin/sh\n");
+    QTest::mouseClick(button, Qt::LeftButton);
+    EXPECT_EQ(fakes.desktop.started, (Texts{state.AppPath + "wispdde.exe"}));
+    EXPECT_EQ(fakes.dialogs.messages.size(), 1U);
     fakes.desktop.failure = "can't be run";
-    QTest::mouseClick(childOf<QPushButton>(window, "BUTwisp"), Qt::LeftButton);
+    QTest::mouseClick(button, Qt::LeftButton);
     EXPECT_EQ(fakes.dialogs.messages.size(), 2U) << "a failed start is told, and the program lives";
 }
 

@@ -4,15 +4,10 @@
 #include <QTreeView>
 
 #include "core/labels.h"
-#include "core/program_state.h"
-#include "core/shell/start_up.h"
-#include "core/shell/ui/information_windows.h"
-#include "core/shell/ui/main_window.h"
 #include "core/shell/ui/tabular_window.h"
 #include "core/version.h"
 #include "tests/support/fake_window.h"
-#include "tests/support/testing.h"
-#include "tests/support_qt/window_test.h"
+#include "tests/support_qt/view_program.h"
 
 namespace vantrace {
 namespace {
@@ -24,52 +19,31 @@ class ShellWindowsTest : public ::testing::Test {
     WindowScript m_wizard;
 
   protected:
-    WindowScript& wizard = m_wizard;
     ShellWindowsTest() {
-        std::filesystem::copy(VANTRACE_SHIPPED_FOLDER, fakes.folder.path());
-        fakes.settings.set("Location Name", "Vienna");
-        fakes.settings.set("Latitude", "48.21");
-        fakes.settings.set("Longitude", "343.63");
         fakes.settings.set("HASL", "170");
-        fakes.clock.setUtc({2026, 8, 23, 10, 30, 0}, 120);
-        state.AppPath = fakes.folder.appPath();
-        WindowRegistry& windows = fakes.windows;
-        windows.registerWindow("frmSplash",
-                               [this] { return std::make_unique<frmSplash>(fakes.host, fakes.withHost); });
-        windows.registerWindow("Main",
-                               [this] { return std::make_unique<Main>(fakes.host, state, fakes.withHost); });
-        windows.registerWindow(
-            "Tabular", [this] { return std::make_unique<Tabular>(fakes.host, state, fakes.withHost); });
-        windows.registerWindow("About",
-                               [this] { return std::make_unique<About>(fakes.host, fakes.withHost); });
+        fakes.windows.registerWindow(
+            "Tabular", [this] { return std::make_unique<Tabular>(fakes.host, state, program.services); });
+        fakes.windows.registerWindow(
+            "About", [this] { return std::make_unique<About>(fakes.host, program.services); });
     }
 
-    void start() {
-        fakes.host.handle("test", [this] { fakes.windows.show("frmSplash"); });
-        settle();
-    }
-    /// Serves what is queued: the focus, the end of unloaded windows.
-    static void settle() { QTest::qWait(1); }
-    static void choose(const char* entry) {
-        Main* const main = windowOnScreen<Main>();
-        if (QAction* const action = childOf<QAction>(main, entry)) action->trigger();
-        settle();
-    }
+    void start() { program.start(); }
+    static void settle() { ViewProgram::settle(); }
+    static void choose(const char* entry) { ViewProgram::choose(windowOnScreen<Main>(), entry); }
 
-    WindowTestServices fakes;
-    ProgramState state;
+    ViewProgram program;
+    WindowTestServices& fakes = program.fakes;
+    ProgramState& state = program.state;
+    WindowScript& wizard = m_wizard;
 };
 
-TEST_F(ShellWindowsTest, TheSplashGivesWayToMain) {
-    frmSplash splash(fakes.host, fakes.withHost);
+TEST_F(ShellWindowsTest, TheSplashGivesWayToMainWhichShowsTheStateOfElementsPlaceAndSun) {
+    frmSplash splash(fakes.host, program.services);
     splash.load();
-    splash.show();
-    settle();
     EXPECT_EQ(textOf(&splash, "lblVersion"), "Version " + std::string(shortVersion));
+    splash.show();
     savePicture(splash, "splash");
-}
-
-TEST_F(ShellWindowsTest, MainShowsTheStateOfElementsPlaceAndSun) {
+    splash.hide();
     start();
     EXPECT_EQ(windowOnScreen<frmSplash>(), nullptr);
     Main* const main = windowOnScreen<Main>();
@@ -116,15 +90,6 @@ TEST_F(ShellWindowsTest, TheTableTracksEveryFavourite) {
     EXPECT_EQ(state.MainTag, "menu");
 }
 
-TEST_F(ShellWindowsTest, ClosingAViewByItsFrameBringsMainBack) {
-    start();
-    choose("Mtabular");
-    windowOnScreen<Tabular>()->close();
-    settle();
-    EXPECT_EQ(windowOnScreen<Tabular>(), nullptr);
-    EXPECT_NE(windowOnScreen<Main>(), nullptr);
-}
-
 TEST_F(ShellWindowsTest, WithoutTheSkinTheDesktopsLookStays) {
     fakes.settings.set("Skin", "0");
     start();
@@ -151,7 +116,7 @@ TEST_F(ShellWindowsTest, AboutTellsTheVersionAndCloses) {
 }
 
 TEST_F(ShellWindowsTest, EveryEntryHasItsShortcutOnceAndItsMnemonicOnceInItsMenu) {
-    Main main(fakes.host, state, fakes.withHost);
+    Main main(fakes.host, state, program.services);
     QStringList shortcuts;
     int entries = 0;
     for (const QAction* const action : main.findChildren<QAction*>()) {
@@ -194,14 +159,11 @@ TEST_F(ShellWindowsTest, AHandlerThatFailsTellsAndTheProgramLives) {
     EXPECT_EQ(fakes.dialogs.messages, Texts{"out of paper"});
     EXPECT_EQ(fakes.logged("Tabular"), 1);
     EXPECT_NE(windowOnScreen<Main>(), nullptr);
-}
-
-TEST_F(ShellWindowsTest, ATickThatFailsEachSecondHasOneMessageBox) {
     for (int second = 0; second < 3; ++second) {
-        fakes.host.handleTick("Tabular", [] { throw std::runtime_error("out of paper"); });
+        fakes.host.handleTick("Tabular", [] { throw std::runtime_error("out of ink"); });
     }
-    EXPECT_EQ(fakes.dialogs.messages.size(), 1u);
-    EXPECT_EQ(fakes.logged("Tabular"), 3);
+    EXPECT_EQ(fakes.dialogs.messages.size(), 2u) << "one message box for a tick that fails each second";
+    EXPECT_EQ(fakes.logged("Tabular"), 4);
 }
 
 TEST_F(ShellWindowsTest, AnObserverBeyondAllSenseIsLoggedAndTheTableGoesOn) {
@@ -228,12 +190,6 @@ TEST_F(ShellWindowsTest, TheExitEndsTheProgram) {
     EXPECT_EQ(state.MainTag, "exit");
 }
 
-std::size_t openFiles() {
-    std::size_t count = 0;
-    for ([[maybe_unused]] const auto& entry : std::filesystem::directory_iterator("/proc/self/fd")) ++count;
-    return count;
-}
-
 TEST_F(ShellWindowsTest, GoingToAndFroLeavesNothingBehind) {
     start();
     const auto goAndComeBack = [this](int times) {
@@ -244,12 +200,16 @@ TEST_F(ShellWindowsTest, GoingToAndFroLeavesNothingBehind) {
             settle();
         }
     };
+    const auto openFiles = [] {
+        const std::filesystem::directory_iterator entries("/proc/self/fd");
+        return std::distance(begin(entries), end(entries));
+    };
     goAndComeBack(3);
-    const std::size_t filesBefore = openFiles();
-    const std::size_t widgetsBefore = static_cast<std::size_t>(QApplication::allWidgets().size());
+    const auto filesBefore = openFiles();
+    const auto widgetsBefore = QApplication::allWidgets().size();
     goAndComeBack(20);
     EXPECT_EQ(openFiles(), filesBefore);
-    EXPECT_EQ(static_cast<std::size_t>(QApplication::allWidgets().size()), widgetsBefore);
+    EXPECT_EQ(QApplication::allWidgets().size(), widgetsBefore);
 }
 
 }  // namespace

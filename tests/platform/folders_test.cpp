@@ -1,12 +1,16 @@
-#include "platform/program_folder.h"
-
+// The program's folder, the current directory, and new names in it.
 #include <cstdlib>
 
+#include "platform/file_renaming.h"
+#include "platform/program_folder.h"
+#include "platform/working_folder.h"
 #include "tests/support/temporary_folder.h"
 #include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {
+
+namespace fs = std::filesystem;
 
 class ProgramFolderTest : public testing::Test {
   protected:
@@ -14,11 +18,10 @@ class ProgramFolderTest : public testing::Test {
         folder.write("usr/bin/vantrace", "");
         folder.write("usr/share/vantrace/faves.dat", "ONE\r\n");
         folder.write("usr/share/vantrace/sub/picture.jpg", "picture");
-        std::filesystem::permissions(folder.path() / "usr/share/vantrace/faves.dat",
-                                     std::filesystem::perms::owner_read);
+        fs::permissions(folder.path() / "usr/share/vantrace/faves.dat", fs::perms::owner_read);
     }
     ProgramFolderRequest request(const std::string& executable) const {
-        const std::filesystem::path home = folder.path() / "home";
+        const fs::path home = folder.path() / "home";
         return {folder.path() / executable, {home, home / ".config", home / ".local/share"}, std::nullopt};
     }
 
@@ -40,8 +43,8 @@ TEST_F(ProgramFolderTest, InstalledIsTheUsersOwnWritableCopy) {
     EXPECT_EQ(own, folder.appPath() + "home/.local/share/vantrace/");
     EXPECT_EQ(folder.read("home/.local/share/vantrace/faves.dat"), "ONE\r\n");
     EXPECT_EQ(folder.read("home/.local/share/vantrace/sub/picture.jpg"), "picture");
-    const auto rights = std::filesystem::status(own + "faves.dat").permissions();
-    EXPECT_NE(rights & std::filesystem::perms::owner_write, std::filesystem::perms::none);
+    const auto rights = fs::status(own + "faves.dat").permissions();
+    EXPECT_NE(rights & fs::perms::owner_write, fs::perms::none);
 
     folder.write("home/.local/share/vantrace/faves.dat", "TWO\r\n");
     EXPECT_EQ(programFolder(request("usr/bin/vantrace")), own);
@@ -54,14 +57,10 @@ TEST_F(ProgramFolderTest, ACopyThatFailsLeavesNoHalfFolderAndTheInstalledOneServ
     folder.write("home/.local/share", "a file in the way");
     EXPECT_EQ(programFolder(request("usr/bin/vantrace")), installed);
 
-    std::filesystem::remove(folder.path() / "home/.local/share");
-    std::filesystem::create_symlink("loop", folder.path() / "usr/share/vantrace/sub/loop");
+    fs::remove(folder.path() / "home/.local/share");
+    fs::create_symlink("loop", folder.path() / "usr/share/vantrace/sub/loop");
     EXPECT_EQ(programFolder(request("usr/bin/vantrace")), installed);
-    EXPECT_TRUE(std::filesystem::is_empty(folder.path() / "home/.local/share"));
-}
-
-TEST_F(ProgramFolderTest, AFileInThePlaceOfTheUsersFolderIsTold) {
-    install();
+    EXPECT_TRUE(fs::is_empty(folder.path() / "home/.local/share"));
     folder.write("home/.local/share/vantrace", "");
     EXPECT_THROW(programFolder(request("usr/bin/vantrace")), FileError);
 }
@@ -80,7 +79,7 @@ TEST_F(ProgramFolderTest, TheNamedFolderWinsAndMustBeThere) {
     ProgramFolderRequest named = request("usr/bin/vantrace");
     named.named = folder.appPath() + "mine///";
     EXPECT_EQ(programFolder(named), folder.appPath() + "mine/");
-    std::filesystem::current_path(folder.path());
+    fs::current_path(folder.path());
     named.named = "mine/../mine";
     EXPECT_EQ(programFolder(named), folder.appPath() + "mine/");
     named.named = "/";
@@ -102,10 +101,54 @@ TEST(UserEnvironment, TakesTheFoldersOfTheEnvironmentUnlessRelative) {
     EXPECT_EQ(settingsPath(userEnvironment()), "/home/ada/.config/vantrace/settings.conf");
     unsetenv("HOME");
     EXPECT_TRUE(userEnvironment().home.is_absolute());
+    EXPECT_EQ(executablePath().filename(), "platform_tests");
 }
 
-TEST(ExecutablePath, IsThisProgram) {
-    EXPECT_EQ(executablePath().filename(), "platform_tests");
+class WorkingFolderTest : public ::testing::Test {
+  protected:
+    ~WorkingFolderTest() override { fs::current_path("/"); }
+
+    TemporaryFolder folder;
+    TemporaryFolder refuge;
+};
+
+TEST_F(WorkingFolderTest, AFolderThatTakesFilesStays) {
+    fs::current_path(folder.path());
+    leaveUnwritableFolder(refuge.path());
+    EXPECT_EQ(fs::current_path(), fs::canonical(folder.path()));
+    EXPECT_TRUE(folder.names().empty()) << "the trial leaves nothing";
+}
+
+TEST_F(WorkingFolderTest, OneThatTakesNoneIsLeft) {
+    // Folders of the system itself refuse even those who may write everything.
+    fs::current_path("/proc/self");
+    leaveUnwritableFolder(refuge.path() / "nowhere");
+    EXPECT_EQ(fs::current_path().parent_path(), "/proc") << "there is no such refuge";
+    leaveUnwritableFolder(refuge.path());
+    EXPECT_EQ(fs::current_path(), fs::canonical(refuge.path()));
+
+    fs::create_directory(folder.path() / "gone");
+    fs::current_path(folder.path() / "gone");
+    fs::remove(folder.path() / "gone");
+    leaveUnwritableFolder(refuge.path());
+    EXPECT_EQ(fs::current_path(), fs::canonical(refuge.path()));
+}
+
+TEST_F(WorkingFolderTest, ANewNameNeverCostsAFileNorLeavesTheFolder) {
+    folder.write("inner/sound.wav", "sound");
+    folder.write("inner/taken.wav", "taken");
+    const fs::path file = folder.path() / "inner" / "sound.wav";
+    const std::string withZero("a\0b", 3);
+    for (const std::string& name :
+         {std::string("taken.wav"), std::string("../sound.wav"), std::string("/sound.wav"), std::string(".."),
+          std::string("."), std::string(), std::string(256, 'n'), withZero}) {
+        EXPECT_FALSE(renameInItsFolder(file, name)) << name;
+        EXPECT_EQ(folder.read("inner/sound.wav"), "sound") << name;
+    }
+    EXPECT_EQ(folder.read("inner/taken.wav"), "taken");
+    EXPECT_TRUE(renameInItsFolder(file, "A B, C.wav"));
+    EXPECT_EQ(folder.read("inner/A B, C.wav"), "sound");
+    EXPECT_FALSE(renameInItsFolder(file, "again.wav"));
 }
 
 }  // namespace
