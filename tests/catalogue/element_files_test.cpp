@@ -1,10 +1,8 @@
 #include "catalogue/element_files.h"
 
-#include "core/date_time.h"
 #include "core/labels.h"
 #include "platform/file_error.h"
 #include "tests/catalogue/catalogue_test.h"
-#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {
@@ -28,8 +26,7 @@ TEST_F(FindFirstKepLineTest, LeadsToTheFirstLine1) {
 
     EXPECT_EQ(findIn("<html>\r\n\r\nnews\r\n" + std::string(stationElements)), 2);
     EXPECT_EQ(lineFoundAfter(state, "stations.txt", 2), line1);
-    EXPECT_TRUE(fakes.dialogs.messages.empty());
-    EXPECT_TRUE(fakes.logLines().empty());
+    EXPECT_TRUE(fakes.dialogs.messages.empty() && fakes.logLines().empty());
 }
 
 TEST_F(FindFirstKepLineTest, PassesLinesWithoutAnEpoch) {
@@ -56,16 +53,12 @@ TEST_F(FindFirstKepLineTest, OnTheLastLineTellsTheUserAndCountsAllTheSame) {
 
 TEST_F(FindFirstKepLineTest, WithoutAFileGivesMinus1AndSaysNothing) {
     EXPECT_EQ(FindFirstKepLine(state, services, "nothing.txt"), -1);
-    EXPECT_TRUE(fakes.dialogs.messages.empty());
-    EXPECT_TRUE(fakes.logLines().empty());
+    EXPECT_TRUE(fakes.dialogs.messages.empty() && fakes.logLines().empty());
     EXPECT_THROW(lineFoundAfter(state, "nothing.txt", -1), FileError);
 }
 
 TEST_F(FindFirstKepLineTest, LogsACountBeyond16Bits) {
-    std::string text;
-    for (int line = 0; line < 32770; ++line) {
-        text += '\n';
-    }
+    const std::string text(32770, '\n');
     EXPECT_EQ(findIn(text.substr(1) + line1 + "\nend\n"), 32767);
     EXPECT_EQ(findIn(text + line1 + "\nend\n"), 0);
     EXPECT_EQ(fakes.logged(labels::globalFindFirstKepLine), 1);
@@ -76,19 +69,9 @@ TEST_F(FindFirstKepLineTest, TheFileMayBeReplacedWhileItYields) {
     EXPECT_EQ(findIn("x\ny\nz\n" + std::string(stationElements)), 2);
 }
 
-TEST(ElementAge, DayOfYearCountsMonthsAndLeapDays) {
-    EXPECT_EQ(DayOfYear("01-01-2026"), 1);
-    EXPECT_EQ(DayOfYear("02-28-2026"), 59);
-    EXPECT_EQ(DayOfYear("03-01-2026"), 60);
-    EXPECT_EQ(DayOfYear("12-31-2026"), 365);
-    EXPECT_EQ(DayOfYear("02-29-2024"), 60);
-    EXPECT_EQ(DayOfYear("03-01-2024"), 61);
-    EXPECT_EQ(DayOfYear("12-31-2024"), 366);
+TEST(ElementAge, DayOfYearAgreesWithTheCalendarOverFourYears) {
     EXPECT_EQ(DayOfYear("12-31-2100"), 366) << "every fourth year is a leap year here";
     EXPECT_EQ(DayOfYear("13-05-2026"), 5);
-}
-
-TEST(ElementAge, DayOfYearAgreesWithTheCalendarOverFourYears) {
     for (int year = 2024; year < 2028; ++year) {
         const double newYear = packDateTime({year, 1, 1, 0, 0, 0});
         for (double day = newYear; day < packDateTime({year + 1, 1, 1, 0, 0, 0}); ++day) {
@@ -102,19 +85,21 @@ std::string line1WithEpoch(std::string_view epoch) {
 }
 
 TEST(ElementAge, EpochIsRoundedByItsFirstDecimalHalvesToEven) {
-    EXPECT_EQ(elementEpochDay(line1WithEpoch("26128.50000000")), 128);
-    EXPECT_EQ(elementEpochDay(line1WithEpoch("26128.59999999")), 128) << "only one decimal is looked at";
-    EXPECT_EQ(elementEpochDay(line1WithEpoch("26128.60000000")), 129);
-    EXPECT_EQ(elementEpochDay(line1WithEpoch("26129.50000000")), 130);
-    EXPECT_EQ(elementEpochDay(line1WithEpoch("26  1.40000000")), 1);
+    for (const auto& [epoch, day] : {std::pair("26128.50000000", 128),
+                                     {"26128.59999999", 128},  // only one decimal is looked at
+                                     {"26128.60000000", 129},
+                                     {"26129.50000000", 130},
+                                     {"26  1.40000000", 1}}) {
+        EXPECT_EQ(elementEpochDay(line1WithEpoch(epoch)), day) << epoch;
+    }
     EXPECT_EQ(elementEpochYear(line1), 2026);
     EXPECT_EQ(elementEpochYear(line1WithEpoch(" 8128.50000000")), 2008);
 }
 
 TEST(ElementAge, LinesWithoutAnEpochFail) {
-    EXPECT_THROW(elementEpochDay(""), std::invalid_argument);
-    EXPECT_THROW(elementEpochDay("no point"), std::invalid_argument);
-    EXPECT_THROW(elementEpochDay("1 25544U 98.67A   26128.5"), std::invalid_argument);
+    for (const char* line : {"", "no point", "1 25544U 98.67A   26128.5"}) {
+        EXPECT_THROW(elementEpochDay(line), std::invalid_argument) << line;
+    }
     EXPECT_EQ(elementEpochDay("1 25544U 98067A   ."), 0) << "no characters in front of the point";
     EXPECT_THROW(elementEpochDay(line1WithEpoch("2699999999999999.5")), std::range_error);
     EXPECT_THROW(elementEpochYear("1 25544U 98067A"), std::invalid_argument);
@@ -125,6 +110,47 @@ TEST(ElementFileName, IsWhatFollowsTheLastSlash) {
     EXPECT_EQ(elementFileName("host.example/NORAD/elements/weather.txt"), "weather.txt");
     EXPECT_EQ(elementFileName("byhand.txt"), "byhand.txt");
     EXPECT_EQ(elementFileName("host.example/"), "");
+}
+
+class FixGPSKepsTest : public CatalogueTest {
+  protected:
+    std::string fixed(std::string_view content) {
+        folder.write("gps-ops.txt", content);
+        FixGPSKeps(state, services);
+        return folder.read("gps-ops.txt");
+    }
+};
+
+TEST_F(FixGPSKepsTest, MakesTheNamesShortAndKeepsTheElements) {
+    const std::string before(gpsElements);
+    const std::string after = fixed(before);
+    EXPECT_EQ(after, "GPS PRN 22\r\n" + before.substr(26, 142) + "GPS PRN 16\r\n" + before.substr(194, 142));
+    EXPECT_EQ(fixed(after), after) << "the second time nothing happens";
+    folder.write("gps-ops.new", "half, by an earlier run");
+    fixed(after);
+    EXPECT_EQ(folder.names(), (Texts{"elements", "gps-ops.txt"}));
+    std::filesystem::remove(folder.path() / "gps-ops.txt");
+    FixGPSKeps(state, services);
+    EXPECT_EQ(folder.names(), Texts{"elements"}) << "nothing is done without the file";
+}
+
+TEST_F(FixGPSKepsTest, AFirstNameWithoutPrnLeavesTheFileAsItWas) {
+    const std::string before = "GPS PRN 22\n1 x\n2 y\nGPS BIIR-8 (PRN 16)\n1 x\n2 y\n";
+    EXPECT_EQ(fixed(before), before);
+    const std::string later = "GPS BIIR-8 (PRN 16)\n1 x\n2 y\nGPS BIII\n1 x\n2 y\n";
+    EXPECT_EQ(fixed(later), later);
+}
+
+TEST_F(FixGPSKepsTest, OtherLinesPassAndEveryLineEndsInCrLf) {
+    EXPECT_EQ(fixed("NAVSTAR 43 (PRN 13)\n\nGPS BIIA-10 (PRN 32) spare\ntail  "),
+              "NAVSTAR 43 (PRN 13)\r\n\r\nGPS PRN 32\r\ntail  \r\n");
+    EXPECT_EQ(fixed(""), "");
+}
+
+TEST_F(FixGPSKepsTest, ANameWithoutAClosingBracketIsLoggedAndStays) {
+    EXPECT_EQ(fixed("GPS A) (PRN 1\r\n1 x\r\nGPS B (PRN 2)\r\nGPS C (PRN"),
+              "GPS A) (PRN 1\r\n1 x\r\nGPS PRN 2\r\nGPS C (PRN\r\n");
+    EXPECT_EQ(fakes.logged(labels::mainFixGpsKeps), 1);
 }
 
 }  // namespace

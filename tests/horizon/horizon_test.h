@@ -1,10 +1,6 @@
 // What the tests of the panorama share: a sky of one pixel to a degree, twice as wide as a circle is round.
 #pragma once
 
-#include <algorithm>
-#include <string>
-#include <vector>
-
 #include "core/labels.h"
 #include "horizon/horizon_view.h"
 #include "horizon/paint_screen.h"
@@ -12,6 +8,13 @@
 #include "tests/support/surface_pictures.h"
 
 namespace vantrace {
+
+inline Surface ofOneColour(int width, int height, Colour colour) {
+    Surface surface(width, height);
+    surface.setBackgroundColour(colour);
+    surface.clear();
+    return surface;
+}
 
 class HorizonTest : public ProgramTest {
   protected:
@@ -21,14 +24,11 @@ class HorizonTest : public ProgramTest {
         state.MainTag = "horizon";
         fakes.settings.set("Speechpack", "1");
         surfaces.Final.resize(720, 180);
-        surfaces.BackDrop = Surface(4, 4);
-        surfaces.BackDrop.setBackgroundColour(sky);
-        surfaces.BackDrop.clear();
+        surfaces.BackDrop = ofOneColour(4, 4, sky);
         form.innerWidth = 720;
         form.innerHeight = 180;
     }
 
-    void addFavourite(std::string_view name) { state.Favourites[++state.FavouriteCount].Name = name; }
     void paint() { PaintScreen(surfaces, form, state, services); }
     /// Sets the clock a moment after the rise of a satellite's next pass, and gives its set.
     double goIntoPass(std::string_view name, double secondsAfterRise) {

@@ -2,7 +2,6 @@
 
 #include "tests/horizon/horizon_test.h"
 #include "tests/support/fake_window.h"
-#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {
@@ -10,13 +9,10 @@ namespace {
 class HorizonViewTest : public HorizonTest {
   protected:
     HorizonViewTest() {
-        registerWindow("Main", main);
-        registerWindow("Horizon", window);
+        registerFake(fakes.windows, "Main", main);
+        registerFake(fakes.windows, "Horizon", window);
         addFavourite("ISS (ZARYA)");
         addFavourite("INTELSAT 10-02");
-    }
-    void registerWindow(const std::string& name, WindowScript& script) {
-        fakes.windows.registerWindow(name, [&script] { return std::make_unique<FakeWindow>(script); });
     }
 
     WindowScript main;
@@ -89,7 +85,7 @@ TEST_F(HorizonViewTest, OtherViewsAreOpenedByMain) {
     runHorizonEntry("mnuWorld", view);
     EXPECT_TRUE(fakes.windows.isLoaded("Horizon")) << "there is no map";
     WindowScript map;
-    registerWindow("WorldView", map);
+    registerFake(fakes.windows, "WorldView", map);
     runHorizonEntry("mnuWorld", view);
     EXPECT_EQ(state.NextView, "world");
     EXPECT_FALSE(fakes.windows.isLoaded("Horizon"));

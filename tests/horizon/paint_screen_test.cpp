@@ -1,9 +1,7 @@
 #include "horizon/paint_screen.h"
 
-#include "core/date_time.h"
 #include "horizon/sky_projection.h"
 #include "tests/horizon/horizon_test.h"
-#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {
@@ -11,15 +9,11 @@ namespace {
 using PaintScreenTest = HorizonTest;
 
 TEST(SkyProjection, NorthIsAtTheEdgesOrInTheMiddle) {
-    struct Case {
-        double azimuth;
-        double southern;
-        double northern;
-    };
-    for (const Case& expected : {Case{0, 0, 360}, Case{90, 180, 540}, Case{180, 360, 720},
-                                 Case{180.5, 361, 1}, Case{270, 540, 180}, Case{360, 720, 360}}) {
-        EXPECT_DOUBLE_EQ(AzimuthToX(false, 720, expected.azimuth), expected.southern);
-        EXPECT_DOUBLE_EQ(AzimuthToX(true, 720, expected.azimuth), expected.northern) << expected.azimuth;
+    const std::array<double, 3> table[] = {{0, 0, 360},     {90, 180, 540},  {180, 360, 720},
+                                           {180.5, 361, 1}, {270, 540, 180}, {360, 720, 360}};
+    for (const auto& [azimuth, southern, northern] : table) {
+        EXPECT_DOUBLE_EQ(AzimuthToX(false, 720, azimuth), southern) << azimuth;
+        EXPECT_DOUBLE_EQ(AzimuthToX(true, 720, azimuth), northern) << azimuth;
     }
     EXPECT_DOUBLE_EQ(ElevationToY(180, 90), 0);
     EXPECT_DOUBLE_EQ(ElevationToY(180, 0), 180);
@@ -47,24 +41,6 @@ TEST_F(PaintScreenTest, WordsStandOnTheLandscapeInTheirPlaces) {
     EXPECT_EQ(fakes.logged(labels::horizonPaintScreen), 0);
 }
 
-/// The moments of an evening in which the sun passes -6 and -18 degrees, by the engine itself.
-TEST_F(PaintScreenTest, TheSentenceOnTheSunGoesByItsElevation) {
-    const std::string twilight =
-        "The Sun is slightly below the horizon, Astronomical Twilight Time, Ideal for visual satellite "
-        "observations";
-    const std::string night = "The Sun is too far below the horizon for visual observations";
-    for (int minute = 0; minute < 24 * 60; minute += 7) {
-        fakes.clock.setUtc({2026, 8, 21, 0, minute, 0}, 120);
-        fakes.textPainter.questions.clear();
-        paint();
-        const double julian = state.OrbitEngine->EngineJulianDate(packDateTime({2026, 8, 21, 0, minute, 0}));
-        const TrackResult sun = state.OrbitEngine->EngineTrack("sun", julian, 0, 0);
-        const double elevation = sun.elevationRad * 180 / std::numbers::pi;
-        EXPECT_EQ(isPrinted(night), elevation < -18) << elevation;
-        EXPECT_EQ(isPrinted(twilight), elevation >= -18 && elevation <= -6) << elevation;
-    }
-}
-
 /// Like "%.1f", but without the 0 in front of the point.
 std::string tenths(double value) {
     char text[40];
@@ -75,47 +51,50 @@ std::string tenths(double value) {
     return result;
 }
 
-TEST_F(PaintScreenTest, SentencesOfSunAndMoonHoldTheirAngles) {
+TEST_F(PaintScreenTest, SentencesOnSunAndMoonGoByTheirElevationsAndHoldTheirAngles) {
     surfaces.SunPic = surfaces.SunMask = surfaces.MoonPic = surfaces.MoonMask = Surface(30, 30);
+    const auto sentence = [](const char* body, const TrackResult& track) {
+        return std::string("The ") + body + " is " + tenths(inDegrees(track.elevationRad)) +
+               " degrees above the horizon, at " + tenths(inDegrees(track.azimuthRad)) + " degrees heading";
+    };
     int moonlessMinutes = 0;
-    bool hasSeenTheSunBelow = false;
+    std::set<int> skies;
     for (int minute = 0; minute < 3 * 24 * 60; minute += 7) {
-        fakes.clock.setUtc(dateParts(packDateTime({2026, 8, 21, 0, minute, 0})), 120);
+        const DateParts utc = dateParts(packDateTime({2026, 8, 21, 0, minute, 0}));
+        fakes.clock.setUtc(utc, 120);
         fakes.textPainter.questions.clear();
         paint();
-        const double julian = state.OrbitEngine->EngineJulianDate(packDateTime({2026, 8, 21, 0, minute, 0}));
-        const auto sentence = [&](const char* body, const TrackResult& track) {
-            constexpr double perRadian = 180 / std::numbers::pi;
-            return std::string("The ") + body + " is " + tenths(track.elevationRad * perRadian) +
-                   " degrees above the horizon, at " + tenths(track.azimuthRad * perRadian) +
-                   " degrees heading";
-        };
-        const TrackResult sun = state.OrbitEngine->EngineTrack("sun", julian, 0, 0);
-        const double sunDeg = sun.elevationRad * 180 / std::numbers::pi;
+        const TrackResult sun = seenAt("sun", utc);
+        const double sunDeg = inDegrees(sun.elevationRad);
+        skies.insert(sunDeg < -18 ? 0 : sunDeg <= -6 ? 1 : sunDeg < 0 ? 2 : 3);
+        EXPECT_EQ(isPrinted("The Sun is too far below the horizon for visual observations"), sunDeg < -18);
+        EXPECT_EQ(
+            isPrinted("The Sun is slightly below the horizon, Astronomical Twilight Time, Ideal for visual "
+                      "satellite observations"),
+            sunDeg >= -18 && sunDeg <= -6)
+            << sunDeg;
         EXPECT_EQ(isPrinted(sentence("Sun", sun)), sunDeg > -6) << sunDeg;
-        hasSeenTheSunBelow = hasSeenTheSunBelow || (sunDeg > -6 && sunDeg < 0);
-        const TrackResult moon = state.OrbitEngine->EngineTrack("moon", julian, 0, 0);
-        const bool isMoonUp = moon.elevationRad * 180 / std::numbers::pi >= 1;
+        const TrackResult moon = seenAt("moon", utc);
+        const bool isMoonUp = inDegrees(moon.elevationRad) >= 1;
         EXPECT_EQ(isPrinted(sentence("Moon", moon)), isMoonUp);
         EXPECT_EQ(isPrinted("The Moon is below the horizon."), !isMoonUp);
         moonlessMinutes += isMoonUp ? 0 : 1;
         EXPECT_EQ(fakes.textPainter.questions[5].text.starts_with("The Sun"), true);
         EXPECT_EQ(surfaces.Final.pixel(0, 15), 0U) << "the dot before the sentence on the moon";
     }
-    EXPECT_TRUE(hasSeenTheSunBelow && moonlessMinutes > 0);
+    EXPECT_EQ(skies.size(), 4U) << "night, twilight, the sun just below the horizon, and day";
+    EXPECT_GT(moonlessMinutes, 0);
 }
 
 TEST_F(PaintScreenTest, SpritesLieAtTheirOffsets) {
     const Colour sunColour = 0x0000F0;
-    surfaces.SunPic = surfaces.SunMask = Surface(30, 30);
-    surfaces.SunPic.setBackgroundColour(sunColour);
-    surfaces.SunPic.clear();
+    surfaces.SunMask = Surface(30, 30);
+    surfaces.SunPic = ofOneColour(30, 30, sunColour);
     fakes.clock.setUtc({2026, 8, 21, 12, 0, 0}, 120);
     paint();
-    const TrackResult sun = state.OrbitEngine->EngineTrack(
-        "sun", state.OrbitEngine->EngineJulianDate(packDateTime({2026, 8, 21, 12, 0, 0})), 0, 0);
-    const int x = static_cast<int>(std::nearbyint(sun.azimuthRad * 180 / std::numbers::pi * 2));
-    const int y = static_cast<int>(std::nearbyint((90 - sun.elevationRad * 180 / std::numbers::pi) * 2));
+    const TrackResult sun = seenAt("sun", {2026, 8, 21, 12, 0, 0});
+    const int x = static_cast<int>(std::nearbyint(inDegrees(sun.azimuthRad) * 2));
+    const int y = static_cast<int>(std::nearbyint((90 - inDegrees(sun.elevationRad)) * 2));
     EXPECT_EQ(surfaces.Final.pixel(x, y), sunColour) << "its corner is at its place";
     EXPECT_EQ(surfaces.Final.pixel(x + 29, y + 29), sunColour);
     EXPECT_EQ(surfaces.Final.pixel(x - 1, y), sky);
@@ -125,9 +104,8 @@ TEST_F(PaintScreenTest, SpritesLieAtTheirOffsets) {
     goIntoPass("ISS (ZARYA)", 200);
     state.PrimarySatIndex = 2;
     for (std::size_t i = 0; i < 2; ++i) {
-        surfaces.SatPic[i] = surfaces.SatMask[i] = Surface(32, 32);
-        surfaces.SatPic[i].setBackgroundColour(0xF00000 + static_cast<Colour>(i));
-        surfaces.SatPic[i].clear();
+        surfaces.SatMask[i] = Surface(32, 32);
+        surfaces.SatPic[i] = ofOneColour(32, 32, 0xF00000 + static_cast<Colour>(i));
     }
     paint();
     const FavouriteRecord& station = state.Favourites[2];
@@ -142,15 +120,16 @@ TEST_F(PaintScreenTest, SpritesLieAtTheirOffsets) {
 }
 
 TEST_F(PaintScreenTest, PicturesAndNamesFollowTheSatellitesName) {
-    struct Case {
-        const char* name;
-        SkySatelliteLook look;
-    };
-    for (const Case& expected :
-         {Case{"FUNCUBE-1", {0, 14}}, Case{"ISS (ZARYA)", {1, 24}}, Case{"MIR", {2, 24}},
-          Case{"MIR 2", {0, 14}}, Case{"STS-107", {3, 24}}, Case{"OSCAR AO-40", {4, 16}},
-          Case{"P3D", {4, 16}}, Case{"NOAA AO-40", {5, 21}}, Case{"XISS", {0, 14}}}) {
-        EXPECT_EQ(skySatelliteLook(expected.name), expected.look) << expected.name;
+    for (const auto& [name, look] : std::map<const char*, SkySatelliteLook>{{"FUNCUBE-1", {0, 14}},
+                                                                            {"ISS (ZARYA)", {1, 24}},
+                                                                            {"MIR", {2, 24}},
+                                                                            {"MIR 2", {0, 14}},
+                                                                            {"STS-107", {3, 24}},
+                                                                            {"OSCAR AO-40", {4, 16}},
+                                                                            {"P3D", {4, 16}},
+                                                                            {"NOAA AO-40", {5, 21}},
+                                                                            {"XISS", {0, 14}}}) {
+        EXPECT_EQ(skySatelliteLook(name), look) << name;
     }
 }
 
@@ -198,6 +177,79 @@ TEST_F(PaintScreenTest, AnUnknownSatelliteCostsJustItself) {
     paint();
     EXPECT_EQ(fakes.logged(labels::globalSatcalc), before + 2) << "once for its place, once for its track";
     EXPECT_EQ(count(0x00FF00), 0);
+}
+
+class SkyTrackTest : public HorizonTest {
+  protected:
+    SkyTrackTest() { addFavourite("ISS (ZARYA)"); }
+    void draw(std::int16_t index = 1) {
+        surfaces.Final.clear();
+        state.PrimarySatIndex = index;
+        DrawSkyTrack(surfaces, form, state, services, state.Favourites[index].Name);
+    }
+    /// The pixels where the satellite is, every two seconds of true time from 10 seconds on, up to its set.
+    std::set<std::pair<int, int>> expectedDots() const {
+        std::set<std::pair<int, int>> dots;
+        ClockParts utc = fakes.clock.read().utc;
+        utc.second += 10;
+        for (int i = 0; i <= 800; ++i, utc.second += 2) {
+            const TrackResult seen = seenAt("ISS (ZARYA)", utc);
+            if (seen.elevationRad < 0) break;
+            const double x = AzimuthToX(false, 720, inDegrees(seen.azimuthRad));
+            const double y = ElevationToY(180, inDegrees(seen.elevationRad));
+            dots.insert({static_cast<int>(std::floor(x + 0.5)), static_cast<int>(std::floor(y + 0.5))});
+        }
+        return dots;
+    }
+    std::set<std::pair<int, int>> greenDots() const {
+        std::set<std::pair<int, int>> dots;
+        for (int y = 0; y < 180; ++y) {
+            for (int x = 0; x < 720; ++x) {
+                if (surfaces.Final.pixel(x, y) == 0x00FF00) dots.insert({x, y});
+            }
+        }
+        return dots;
+    }
+};
+
+TEST_F(SkyTrackTest, DotsFollowTheSatelliteToItsSet) {
+    goIntoPass("ISS (ZARYA)", 60);
+    // From an even second the carries come out even; from an odd one the seconds run on: the same time.
+    for (const int second : {0, 1}) {
+        ClockParts utc = fakes.clock.read().utc;
+        utc.second = second;
+        fakes.clock.setUtc(utc, 120);
+        draw();
+        std::set<std::pair<int, int>> dots = greenDots();
+        std::set<std::pair<int, int>> expected = expectedDots();
+        for (auto* each : {&dots, &expected}) {
+            std::erase_if(*each, [](const auto& dot) { return dot.first >= 719 || dot.second >= 180; });
+        }
+        EXPECT_GT(dots.size(), 50U);
+        EXPECT_EQ(dots, expected) << second;
+        EXPECT_EQ(state.PrimarySatIndex, 1);
+    }
+}
+
+TEST_F(SkyTrackTest, OneThatIsBelowTheHorizonInTenSecondsIsLetGo) {
+    const double set = goIntoPass("ISS (ZARYA)", 60);
+    fakes.clock.setUtc(dateParts(set - 12 / 86400.0), 120);
+    draw();
+    EXPECT_EQ(state.PrimarySatIndex, 1);
+    fakes.clock.setUtc(dateParts(set - 8 / 86400.0), 120);
+    draw();
+    EXPECT_EQ(state.PrimarySatIndex, 0);
+    EXPECT_TRUE(greenDots().empty());
+}
+
+TEST_F(SkyTrackTest, TheDayRunsPastTheEndOfItsMonth) {
+    // Local midnight of the last of August, with a satellite that never sets there.
+    addFavourite("INTELSAT 10-02");
+    fakes.clock.setUtc({2026, 8, 31, 21, 59, 40}, 120);
+    draw(2);
+    EXPECT_EQ(fakes.logged(labels::globalSatcalc), 0);
+    EXPECT_FALSE(greenDots().empty());
+    EXPECT_EQ(state.PrimarySatIndex, 2);
 }
 
 }  // namespace

@@ -1,26 +1,9 @@
 #include "mapview/map_projection.h"
 
-#include "tests/support/testing.h"
+#include "tests/mapview/map_test.h"
 
 namespace vantrace {
 namespace {
-
-/// What each view shows: from its left edge (degrees EAST) and its top edge on.
-struct Shown {
-    const char* word;
-    double leftEastDeg;
-    double widthDeg;
-    double topDeg;
-    double heightDeg;
-};
-constexpr Shown views[] = {{"worldnormal", -180, 360, 90, 180},
-                           {"worldalt", 0, 360, 90, 180},
-                           {"NWQ", -180, 180, 90, 90},
-                           {"NEQ", 0, 180, 90, 90},
-                           {"NCQ", -90, 180, 90, 90},
-                           {"SWQ", -180, 180, 0, 90},
-                           {"SEQ", 0, 180, 0, 90},
-                           {"SCQ", -90, 180, 0, 90}};
 
 constexpr SurfaceSize odd{1013, 507};
 
@@ -59,22 +42,27 @@ TEST(MapProjection, WhatAViewDoesNotShowLiesOffTheSurface) {
 
 TEST(MapProjection, EdgesFallOnTheirSides) {
     constexpr SurfaceSize map{720, 360};
-    EXPECT_EQ(LongitudeToMapX(map, "worldnormal", 0), 360);
-    EXPECT_EQ(LongitudeToMapX(map, "worldnormal", 360), 360);
-    EXPECT_EQ(LongitudeToMapX(map, "worldnormal", 180), 0);
-    EXPECT_EQ(LongitudeToMapX(map, "worldnormal", 180.5), 719);
-    EXPECT_EQ(LongitudeToMapX(map, "worldalt", 0), 0);
-    EXPECT_EQ(LongitudeToMapX(map, "worldalt", 180), 360);
-    EXPECT_EQ(LongitudeToMapX(map, "worldalt", 0.5), 719);
-    EXPECT_EQ(LongitudeToMapX(map, "NCQ", 90), 0);
-    EXPECT_EQ(LongitudeToMapX(map, "NCQ", 270), 720);
-    EXPECT_EQ(LatitudeToMapY(map, "worldnormal", 90), 0);
-    EXPECT_EQ(LatitudeToMapY(map, "worldalt", -90), 360);
-    EXPECT_EQ(LatitudeToMapY(map, "worldnormal", 0), 180);
-    EXPECT_EQ(LatitudeToMapY(map, "NWQ", 0), 360);
-    EXPECT_EQ(LatitudeToMapY(map, "SWQ", 0), 0);
-    EXPECT_EQ(LongitudeToMapX(map, "worldnormal", -10), 380) << "not folded";
-    EXPECT_EQ(LongitudeToMapX(map, "worldnormal", 370), 340) << "not folded";
+    // What lies beyond -10 and 370 degrees is not folded.
+    for (const auto& [word, west, x] : {std::tuple("worldnormal", 0.0, 360.0),
+                                        {"worldnormal", 360, 360},
+                                        {"worldnormal", 180, 0},
+                                        {"worldnormal", 180.5, 719},
+                                        {"worldnormal", -10, 380},
+                                        {"worldnormal", 370, 340},
+                                        {"worldalt", 0, 0},
+                                        {"worldalt", 180, 360},
+                                        {"worldalt", 0.5, 719},
+                                        {"NCQ", 90, 0},
+                                        {"NCQ", 270, 720}}) {
+        EXPECT_EQ(LongitudeToMapX(map, word, west), x) << word << " " << west;
+    }
+    for (const auto& [word, latitude, y] : {std::tuple("worldnormal", 90.0, 0.0),
+                                            {"worldalt", -90, 360},
+                                            {"worldnormal", 0, 180},
+                                            {"NWQ", 0, 360},
+                                            {"SWQ", 0, 0}}) {
+        EXPECT_EQ(LatitudeToMapY(map, word, latitude), y) << word << " " << latitude;
+    }
 }
 
 TEST(MapProjection, AWordThatNamesNoViewIsTheWholeWorld) {

@@ -1,17 +1,26 @@
 // What the tests of the map share: its state and its window's fields over an engine with real element sets.
 #pragma once
 
-#include <cmath>
-#include <numbers>
-#include <string>
-#include <string_view>
-
 #include "core/labels.h"
 #include "mapview/map_state.h"
 #include "mapview/world_view_form.h"
 #include "tests/orbit/program/program_test.h"
 
 namespace vantrace {
+
+/// What each view shows: from its left edge (degrees EAST) and its top edge on. The whole world comes first.
+struct Shown {
+    const char* word;
+    double leftEastDeg, widthDeg, topDeg, heightDeg;
+};
+inline constexpr std::array<Shown, 8> views = {{{"worldnormal", -180, 360, 90, 180},
+                                                {"worldalt", 0, 360, 90, 180},
+                                                {"NWQ", -180, 180, 90, 90},
+                                                {"NEQ", 0, 180, 90, 90},
+                                                {"NCQ", -90, 180, 90, 90},
+                                                {"SWQ", -180, 180, 0, 90},
+                                                {"SEQ", 0, 180, 0, 90},
+                                                {"SCQ", -90, 180, 0, 90}}};
 
 /// The angle between two places on the earth, degrees, by the test's own arithmetic.
 inline double distanceDeg(const MapPoint& from, const MapPoint& to) {
@@ -27,7 +36,6 @@ class MapTest : public ProgramTest {
   protected:
     MapTest() { state.MainTag = "worldnormal"; }
 
-    void addFavourite(std::string_view name) { state.Favourites[++state.FavouriteCount].Name = name; }
     void select(std::int16_t index) {
         state.PrimarySatIndex = index;
         state.PrimarySatName = state.Favourites[index].Name;
@@ -45,15 +53,14 @@ class MapTest : public ProgramTest {
     DateParts warped() const {
         return {form.WarpYear, form.WarpMonth, form.WarpDay, form.WarpHour, form.WarpMinute, form.WarpSecond};
     }
-    /// Where the engine sees an object at a UTC date and time, from the observer's place.
-    TrackResult seenAt(std::string_view name, const DateParts& utc) const {
-        return state.OrbitEngine->EngineTrack(name, state.OrbitEngine->EngineJulianDate(packDateTime(utc)), 0,
-                                              0);
-    }
     static MapPoint subPoint(const TrackResult& track) {
-        constexpr double perRadian = 180.0 / std::numbers::pi;
-        return {track.latitudeRad * perRadian, 360.0 - track.longitudeRad * perRadian};
+        return {inDegrees(track.latitudeRad), 360.0 - inDegrees(track.longitudeRad)};
     }
+
+    /// A table's points are all changed, or all left alone, when these two are.
+    void spoilTables() { map.SunLatitude = map.GroundTrackPoints[0].Latitude = 99; }
+    bool isSunNew() const { return map.SunLatitude != 99; }
+    bool isTrackNew() const { return map.GroundTrackPoints[0].Latitude != 99; }
 
     WorldViewForm form;
     MapState map;

@@ -1,12 +1,10 @@
 #include "mapview/world_view.h"
 
-#include "core/labels.h"
 #include "mapview/satellite_choice.h"
 #include "mapview/world_map.h"
 #include "mapview/world_view_menu.h"
 #include "tests/mapview/map_test.h"
 #include "tests/support/fake_window.h"
-#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {
@@ -17,12 +15,9 @@ class WorldViewTest : public MapTest {
         addFavourite("ISS (ZARYA)");
         addFavourite("FUNCUBE-1 (AO-73)");
         addFavourite("INTELSAT 10-02");
-        registerWindow("Main", main);
-        registerWindow("WorldView", view);
+        registerFake(fakes.windows, "Main", main);
+        registerFake(fakes.windows, "WorldView", view);
         fakes.folder.write("satellite.dat", "***\r\n***\r\n");
-    }
-    void registerWindow(const std::string& name, WindowScript& script) {
-        fakes.windows.registerWindow(name, [&script] { return std::make_unique<FakeWindow>(script); });
     }
     void load() {
         Form_Load(world);
@@ -57,7 +52,7 @@ TEST_F(WorldViewTest, LoadingChoosesTheFirstFavouriteAndStartsTheClock) {
     EXPECT_EQ(surfaces.WorldNormal.width(), 0) << "there is no map's picture in the folder";
 }
 
-TEST_F(WorldViewTest, LoadedWhileAnotherViewIsWantedItStaysIdle) {
+TEST_F(WorldViewTest, WhileAnotherViewIsWantedItStaysIdleAndATickEndsIt) {
     for (const char* const word : {"menu", "3D", "horizon", "ETA", "passprediction", "tabular"}) {
         WorldViewForm idle;
         WorldMap other{idle, map, surfaces, state, services};
@@ -66,26 +61,32 @@ TEST_F(WorldViewTest, LoadedWhileAnotherViewIsWantedItStaysIdle) {
         EXPECT_FALSE(idle.Timer1.isEnabled || idle.Timer2.isEnabled) << word;
     }
     EXPECT_EQ(state.PrimarySatIndex, 0);
+    for (const char* const word : {"menu", "3D"}) {
+        state.MainTag = "worldnormal";
+        load();
+        state.MainTag = word;
+        Timer1_Timer(world);
+        EXPECT_FALSE(form.Timer1.isEnabled);
+        EXPECT_FALSE(fakes.windows.isLoaded("WorldView")) << word;
+    }
+    EXPECT_EQ(form.frames, 0U);
 }
 
 TEST_F(WorldViewTest, PaneAndMapStandSideBySide) {
     load();
-    EXPECT_EQ(form.layout.Final.width, 613);
+    const auto places = [&] {
+        return std::tuple(form.layout.Final.width, form.layout.expandLeft, form.layout.paneLeft,
+                          form.layout.notesHeight);
+    };
+    EXPECT_EQ(places(), std::tuple(613, 613, 627, 187));
     EXPECT_EQ(form.layout.Final.height, 507);
-    EXPECT_EQ(form.layout.expandLeft, 613);
-    EXPECT_EQ(form.layout.paneLeft, 627);
-    EXPECT_EQ(form.layout.notesHeight, 187);
-    const WorldViewForm open = form;
-
     BUTexpand_Click(world);
     EXPECT_EQ(form.layout.expandLeft, 799);
     EXPECT_EQ(form.layout.Final.width, 799);
     EXPECT_EQ(surfaces.Final.width(), 799) << "and a frame is painted at once";
     EXPECT_EQ(setting("ShowInfoPane"), "1") << "the choice is not kept";
     BUTexpand_Click(world);
-    EXPECT_EQ(form.layout.expandLeft, open.layout.expandLeft);
-    EXPECT_EQ(form.layout.Final.width, open.layout.Final.width);
-    EXPECT_EQ(form.layout.paneLeft, open.layout.paneLeft);
+    EXPECT_EQ(places(), std::tuple(613, 613, 627, 187));
 
     form.innerWidth = 120;
     form.innerHeight = 100;
@@ -125,36 +126,23 @@ TEST_F(WorldViewTest, ATickPlacesTheFavouritesAndPaints) {
     EXPECT_FALSE(form.txtQuickETA.isEmpty());
 }
 
-TEST_F(WorldViewTest, ATickEndsAViewThatIsNotWantedAnyMore) {
-    for (const char* const word : {"menu", "3D"}) {
-        load();
-        state.MainTag = word;
-        Timer1_Timer(world);
-        EXPECT_FALSE(form.Timer1.isEnabled);
-        EXPECT_FALSE(fakes.windows.isLoaded("WorldView")) << word;
-        state.MainTag = "worldnormal";
-    }
-    EXPECT_EQ(form.frames, 0U);
-}
-
 TEST_F(WorldViewTest, TheSlowClockRenewsTrackAndSunOnceInSevenTicks) {
     load();
     std::vector<int> tracks;
     std::vector<int> suns;
     for (int i = 0; i < 14; ++i) {
-        map.GroundTrackPoints[0].Latitude = 99;
-        map.SunLatitude = 99;
+        spoilTables();
         Timer2_Timer(world);
-        if (map.GroundTrackPoints[0].Latitude != 99) tracks.push_back(i);
-        if (map.SunLatitude != 99) suns.push_back(i);
+        if (isTrackNew()) tracks.push_back(i);
+        if (isSunNew()) suns.push_back(i);
     }
     EXPECT_EQ(tracks, (std::vector<int>{2, 9}));
     EXPECT_EQ(suns, (std::vector<int>{6, 13}));
     fakes.settings.set("ShowGroundtrack", "0");
     form.Timer2Ticks = 2;
-    map.GroundTrackPoints[0].Latitude = 99;
+    spoilTables();
     Timer2_Timer(world);
-    EXPECT_EQ(map.GroundTrackPoints[0].Latitude, 99);
+    EXPECT_FALSE(isTrackNew());
 
     state.MainTag = "tabular";
     Timer2_Timer(world);
@@ -235,54 +223,50 @@ TEST_F(WorldViewTest, TimeWarpStartsAtTheClockAndRunsAtTheSlidersSpeed) {
     EXPECT_EQ(form.TimeWarp, 30);
 
     // At 22:00:15 both tables are made anew; at 22:00:16 none is.
-    fakes.clock.setUtc({2026, 8, 21, 20, 0, 15}, 120);
-    map.SunLatitude = map.GroundTrackPoints[0].Latitude = 99;
-    Timer1_Timer(world);
-    EXPECT_NE(map.SunLatitude, 99);
-    EXPECT_NE(map.GroundTrackPoints[0].Latitude, 99);
-    fakes.clock.setUtc({2026, 8, 21, 20, 0, 16}, 120);
-    map.SunLatitude = map.GroundTrackPoints[0].Latitude = 99;
-    Timer1_Timer(world);
-    EXPECT_EQ(map.SunLatitude, 99);
-    EXPECT_EQ(map.GroundTrackPoints[0].Latitude, 99);
+    for (const int second : {15, 16}) {
+        fakes.clock.setUtc({2026, 8, 21, 20, 0, second}, 120);
+        spoilTables();
+        Timer1_Timer(world);
+        EXPECT_EQ(isSunNew(), second == 15);
+        EXPECT_EQ(isTrackNew(), second == 15);
+    }
 
     fakes.settings.set("ShowGroundtrack", "0");
     BUTtime_Click(world, 0);
     EXPECT_EQ(form.TimeWarp, 0);
-    EXPECT_NE(map.GroundTrackPoints[0].Latitude, 99) << "whatever the setting";
+    EXPECT_TRUE(isTrackNew()) << "whatever the setting";
 }
 
 TEST_F(WorldViewTest, EntriesChangeTheViewTheSettingsAndTheNextView) {
     load();
-    struct Entry {
-        const char* name;
-        const char* tag;
-    };
-    for (const Entry& entry :
-         {Entry{"Mnwq", "NWQ"}, Entry{"Mncq", "NCQ"}, Entry{"Mneq", "NEQ"}, Entry{"Mswq", "SWQ"},
-          Entry{"Mscq", "SCQ"}, Entry{"Mseq", "SEQ"}, Entry{"Mworld", "worldnormal"}}) {
-        runMapEntry(entry.name, world);
-        EXPECT_EQ(state.MainTag, entry.tag);
+    for (const auto& [entry, tag] : {std::pair("Mnwq", "NWQ"),
+                                     {"Mncq", "NCQ"},
+                                     {"Mneq", "NEQ"},
+                                     {"Mswq", "SWQ"},
+                                     {"Mscq", "SCQ"},
+                                     {"Mseq", "SEQ"},
+                                     {"Mworld", "worldnormal"}}) {
+        runMapEntry(entry, world);
+        EXPECT_EQ(state.MainTag, tag);
     }
     fakes.settings.set("AltWorld", "1");
     runMapEntry("Mworld", world);
     EXPECT_EQ(state.MainTag, "worldalt");
     EXPECT_EQ(form.frames, 0U) << "the view changes with the next frame";
 
-    runMapEntry("MrecordONoff", world);
-    EXPECT_EQ(setting("RecWxsat"), "1");
-    runMapEntry("MrecordONoff", world);
-    EXPECT_EQ(setting("RecWxsat"), "0");
-    runMapEntry("MrecordONoffP", world);
-    EXPECT_EQ(setting("RecPrimary"), "1");
-    runMapEntry("MspeechONoff", world);
-    EXPECT_EQ(setting("Speech"), "1");
+    for (const auto& [entry, key, value] : {std::tuple("MrecordONoff", "RecWxsat", "1"),
+                                            {"MrecordONoff", "RecWxsat", "0"},
+                                            {"MrecordONoffP", "RecPrimary", "1"},
+                                            {"MspeechONoff", "Speech", "1"}}) {
+        runMapEntry(entry, world);
+        EXPECT_EQ(setting(key), value);
+    }
     EXPECT_TRUE(state.SpeechEnabled);
 
     runMapEntry("mnuHorizon", world);
     EXPECT_TRUE(fakes.windows.isLoaded("WorldView")) << "there is no such view";
     WindowScript horizon;
-    registerWindow("Horizon", horizon);
+    registerFake(fakes.windows, "Horizon", horizon);
     runMapEntry("mnuHorizon", world);
     EXPECT_EQ(state.NextView, "Horizon");
     EXPECT_FALSE(fakes.windows.isLoaded("WorldView"));
@@ -292,7 +276,7 @@ TEST_F(WorldViewTest, TheTrackersWindowIsMadeBeforeItIsToldTheSatellite) {
     load();
     WindowScript tracker;
     tracker.onLoad = [&] { EXPECT_EQ(state.TrackerTag, ""); };
-    registerWindow("frmTracker", tracker);
+    registerFake(fakes.windows, "frmTracker", tracker);
     Timer1_Timer(world);
     EXPECT_EQ(tracker.made, 0) << "a tick makes no tracker";
     runMapEntry("mnuRadRot", world);

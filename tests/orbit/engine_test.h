@@ -7,7 +7,6 @@
 #include "tests/orbit/element_texts.h"
 #include "tests/support/fake_clock.h"
 #include "tests/support/temporary_folder.h"
-#include "tests/support/testing.h"
 
 namespace vantrace {
 
@@ -29,9 +28,13 @@ class EngineTest : public ::testing::Test {
     double elevationDeg(std::string_view name, const Instant& time) {
         return engine.track(name, time).elevationRad / radiansPerDegree;
     }
+    void expectFailure(const std::function<void()>& call, std::string_view part = {}) {
+        const std::string failure = failureOf(call);
+        EXPECT_NE(failure, "");
+        EXPECT_NE(failure.find(part), std::string::npos) << failure;
+    }
     /// What an engine call says when it fails; empty when it doesn't.
-    template <class Call>
-    static std::string failureOf(Call&& call) {
+    static std::string failureOf(const std::function<void()>& call) {
         try {
             call();
         } catch (const EngineError& error) {
@@ -40,6 +43,7 @@ class EngineTest : public ::testing::Test {
         return {};
     }
 
+    const Instant noon = instantFromCalendar({2026, 8, 21, 12, 0, 0.0});
     TemporaryFolder folder;
     FakeClock clock;
     OrbitEngine engine;

@@ -8,7 +8,6 @@
 
 #include "platform/file_error.h"
 #include "tests/passes/passes_test.h"
-#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {
@@ -19,7 +18,6 @@ constexpr std::string_view twoJobs =
 
 class JobFileTest : public PassesTest {
   protected:
-    std::string jobs() const { return fakes.folder.read("pass.dat"); }
     JobToEdit weather(const std::string& name) const {
         return {name, {"NOAA 15", "NOAA 17"}, "3", true, false, true};
     }
@@ -27,12 +25,13 @@ class JobFileTest : public PassesTest {
 
 TEST_F(JobFileTest, NamesAreReadUpToABlankLineOrTheEnd) {
     EXPECT_EQ(jobNames(twoJobs), (Texts{"Weather", "Radio"}));
-    EXPECT_EQ(jobNames(" A \nX;\n1\n0\n0\n   \nB\nX;\n1\n0\n0\n"), Texts{"A"});
-    EXPECT_EQ(jobNames("A\nX; and ; more\n;\nno days\n0\n0\nB"), (Texts{"A", "B"}));
-    EXPECT_EQ(jobNames("A\n1\n0\n0\nB\n1\n0"), (Texts{"A", "B"})) << "no satellites, and an end too early";
-    EXPECT_EQ(jobNames(""), Texts{});
-    EXPECT_EQ(jobNames("\r\nA\r\n"), Texts{});
-    EXPECT_EQ(jobNames("A\nX;\n"), Texts{"A"});
+    for (const char* two : {"A\nX; and ; more\n;\nno days\n0\n0\nB", "A\n1\n0\n0\nB\n1\n0"}) {
+        EXPECT_EQ(jobNames(two), (Texts{"A", "B"})) << two;
+    }
+    for (const char* one : {" A \nX;\n1\n0\n0\n   \nB\nX;\n1\n0\n0\n", "A\nX;\n"}) {
+        EXPECT_EQ(jobNames(one), Texts{"A"}) << one;
+    }
+    for (const char* none : {"", "\r\nA\r\n"}) EXPECT_EQ(jobNames(none), Texts{}) << none;
 }
 
 TEST_F(JobFileTest, WhatIsAppendedIsReadBack) {
@@ -47,14 +46,10 @@ TEST_F(JobFileTest, WhatIsAppendedIsReadBack) {
     ASSERT_TRUE(back.has_value());
     EXPECT_EQ(back->satellites, Texts{"AO-7"});
     EXPECT_EQ(back->days, "0") << "the numeric value of what was typed";
-    EXPECT_FALSE(back->isSaved);
-    EXPECT_TRUE(back->isPrinted);
-}
-
-TEST_F(JobFileTest, AJobBehindALineWithoutAnEndStandsOnItsOwnLine) {
+    EXPECT_TRUE(!back->isSaved && back->isPrinted);
     fakes.folder.write("pass.dat", "A\nX;\n1\n0\n0");
     appendJob(state, weather("B"));
-    EXPECT_EQ(jobNames(jobs()), (Texts{"A", "B"}));
+    EXPECT_EQ(jobNames(jobs()), (Texts{"A", "B"})) << "behind a line without an end";
 }
 
 TEST_F(JobFileTest, EditingReadsTheFirstExactNameWithoutItsSemicolons) {
@@ -68,9 +63,7 @@ TEST_F(JobFileTest, EditingReadsTheFirstExactNameWithoutItsSemicolons) {
     EXPECT_FALSE(jobToEdit(text, "weather").has_value());
     const std::optional<JobToEdit> cut = jobToEdit("A\nX;\n2\n1\n", "A");
     ASSERT_TRUE(cut.has_value());
-    EXPECT_FALSE(cut->isWhole);
-    EXPECT_EQ(cut->days, "2");
-    EXPECT_TRUE(cut->isSaved);
+    EXPECT_TRUE(!cut->isWhole && cut->days == "2" && cut->isSaved);
 }
 
 TEST_F(JobFileTest, RemovingTakesOneJobAndTheBlankLinesBehindIt) {
@@ -86,39 +79,37 @@ TEST_F(JobFileTest, RemovingTakesOneJobAndTheBlankLinesBehindIt) {
     EXPECT_FALSE(fakes.folder.exists("pass.new"));
 }
 
-TEST_F(JobFileTest, AnyLineCanBeTheName) {
+TEST_F(JobFileTest, AnyLineCanBeTheNameAndWithoutItTheFileStays) {
+    fakes.folder.write("pass.dat", twoJobs);
+    EXPECT_THROW(removeJob(state, "Weather "), FileError);
+    EXPECT_EQ(jobs(), twoJobs);
+    EXPECT_FALSE(fakes.folder.exists("pass.new"));
     fakes.folder.write("pass.dat", "A\nX;\n1\n0\n0\n1\nY;\n2\n0\n0\n");
     EXPECT_EQ(jobToEdit(jobs(), "1")->satellites, Texts()) << "the days of the job before";
     removeJob(state, "1");
     EXPECT_EQ(jobs(), "A\r\nX;\r\nY;\r\n2\r\n0\r\n0\r\n");
 }
 
-TEST_F(JobFileTest, ANameThatIsNotThereLeavesTheFileAlone) {
-    fakes.folder.write("pass.dat", twoJobs);
-    EXPECT_THROW(removeJob(state, "Weather "), FileError);
-    EXPECT_EQ(jobs(), twoJobs);
-    EXPECT_FALSE(fakes.folder.exists("pass.new"));
-}
-
 TEST_F(JobFileTest, AnOldScratchFileIsReplacedAndALinkStaysOne) {
+    const std::filesystem::path file = fakes.folder.path() / "pass.dat";
+    const std::filesystem::path scratch = fakes.folder.path() / "pass.new";
     fakes.folder.write("pass.new", "left by a crash");
     fakes.folder.write("real/jobs", twoJobs);
-    std::filesystem::create_symlink("real/jobs", fakes.folder.path() / "pass.dat");
+    std::filesystem::create_symlink("real/jobs", file);
     removeJob(state, "Weather");
-    EXPECT_TRUE(std::filesystem::is_symlink(fakes.folder.path() / "pass.dat"));
+    EXPECT_TRUE(std::filesystem::is_symlink(file));
     EXPECT_EQ(jobNames(fakes.folder.read("real/jobs")), Texts{"Radio"});
-    std::filesystem::remove(fakes.folder.path() / "pass.dat");
+    std::filesystem::remove(file);
     fakes.folder.write("pass.dat", twoJobs);
     fakes.folder.write("foreign", "mine");
-    std::filesystem::remove(fakes.folder.path() / "pass.new");
-    std::filesystem::create_symlink("foreign", fakes.folder.path() / "pass.new");
-    std::filesystem::permissions(fakes.folder.path() / "pass.dat", std::filesystem::perms(0600));
+    std::filesystem::remove(scratch);
+    std::filesystem::create_symlink("foreign", scratch);
+    std::filesystem::permissions(file, std::filesystem::perms(0600));
     removeJob(state, "Radio");
     EXPECT_FALSE(fakes.folder.exists("pass.new"));
     EXPECT_EQ(fakes.folder.read("foreign"), "mine") << "what a scratch file points to is none of ours";
-    EXPECT_FALSE(std::filesystem::is_symlink(fakes.folder.path() / "pass.dat"));
-    EXPECT_EQ(std::filesystem::status(fakes.folder.path() / "pass.dat").permissions(),
-              std::filesystem::perms(0600));
+    EXPECT_EQ(std::filesystem::symlink_status(file).type(), std::filesystem::file_type::regular);
+    EXPECT_EQ(std::filesystem::status(file).permissions(), std::filesystem::perms(0600));
 }
 
 TEST_F(JobFileTest, HostileFilesAreRefusedOrReadSafely) {

@@ -2,7 +2,6 @@
 
 #include "platform/file_error.h"
 #include "tests/passes/passes_test.h"
-#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {
@@ -13,7 +12,6 @@ class PassPredictionTest : public PassesTest {
         form.Groupname.text = group;
         Groupname_Click(form, state, services);
     }
-    const Texts& messages() const { return fakes.dialogs.messages; }
 };
 
 TEST_F(PassPredictionTest, OpensOnTodayWithGroupsFavouritesAndJobs) {
@@ -56,9 +54,6 @@ TEST_F(PassPredictionTest, AGroupBringsItsSatellitesOneByOne) {
     choose("Geostationary");
     EXPECT_EQ(form.SatelliteName.list, Texts{"INTELSAT 10-02"});
     EXPECT_EQ(form.SatelliteName.text, "Select Satellite") << "no satellite of another group stays";
-}
-
-TEST_F(PassPredictionTest, AMissingFileIsTold) {
     choose("Missing");
     EXPECT_EQ(
         messages(),
@@ -82,13 +77,6 @@ TEST_F(PassPredictionTest, AChoiceInTheMiddleOfAnotherEndsIt) {
     };
     choose("Space Stations");
     EXPECT_EQ(form.SatelliteName.list, Texts{"INTELSAT 10-02"});
-}
-
-TEST_F(PassPredictionTest, ASatelliteOrADateMakesTheButtonActiveAndCalculatesNothing) {
-    SatelliteName_Click(form);
-    Calendar_DateClick(form);
-    EXPECT_EQ(form.BUTcalcActivations, 2U);
-    EXPECT_TRUE(rows().empty());
 }
 
 TEST_F(PassPredictionTest, WithoutASelectionTheButtonTellsHowManyThereAre) {
@@ -116,15 +104,6 @@ TEST_F(PassPredictionTest, ASelectedGroupWinsOverAFavourite) {
     form.Groupname.text = "Space Stations";
     form.SatelliteName.text = "Select a Satellite";
     EXPECT_ANY_THROW(BUTcalc_Click(form, state, services)) << "its text goes to the engine as a name";
-}
-
-TEST_F(PassPredictionTest, TheExitShowsMainAndUnloadsTheWindow) {
-    showFake("Main");
-    fakes.windows.hide("Main");
-    openWindow();
-    BUTexit_Click(form, services);
-    EXPECT_TRUE(fakes.windows.isOnScreen("Main"));
-    EXPECT_FALSE(fakes.windows.isLoaded("PassPrediction"));
 }
 
 }  // namespace

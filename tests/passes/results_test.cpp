@@ -1,8 +1,7 @@
 #include "passes/results.h"
 
-#include "core/program_state.h"
+#include "passes/sort_results.h"
 #include "tests/passes/passes_test.h"
-#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {
@@ -48,23 +47,23 @@ TEST_F(ResultsTest, TheSavedFileIsTheReportByteByByte) {
     ASSERT_EQ(fakes.dialogs.requests.size(), 1U);
     EXPECT_EQ(fakes.dialogs.requests[0].title, "Save Predicted results to file");
     EXPECT_EQ(fakes.dialogs.requests[0].start, "Vantrace.txt");
-    EXPECT_EQ(fakes.dialogs.messages,
-              Texts{"Predictions saved as " + (fakes.folder.path() / "mine.txt").string()});
+    EXPECT_EQ(messages(), Texts{"Predictions saved as " + (fakes.folder.path() / "mine.txt").string()});
 }
 
 TEST_F(ResultsTest, WithoutANameTheFileIsVantraceTxtInThePresentFolder) {
+    addRows();
+    BUTprint_Click(form, state, services);
     BUTclearResults_Click(form);
+    EXPECT_TRUE(rows().empty() && form.Printed.isEmpty());
     fakes.folder.write("here/Vantrace.txt", "old");
     BUTsaveresults_Click(form, state, services);
     const std::string heading(reportBody.substr(0, reportBody.find("\r\nISS") + 2));
     EXPECT_EQ(fakes.folder.read("here/Vantrace.txt"), std::string(savedCredit) + heading + "\r\n");
-    EXPECT_EQ(fakes.dialogs.messages, Texts{"Predictions saved as Vantrace.txt"});
-}
-
-TEST_F(ResultsTest, AFileThatCannotBeWrittenGoesToTheCallerAndTellsNothing) {
+    EXPECT_EQ(messages(), Texts{"Predictions saved as Vantrace.txt"});
+    // A file that can't be written goes to the caller.
     fakes.dialogs.chosen = fakes.folder.path() / "no such folder" / "mine.txt";
     EXPECT_THROW(BUTsaveresults_Click(form, state, services), FileError);
-    EXPECT_TRUE(fakes.dialogs.messages.empty());
+    EXPECT_EQ(messages().size(), 1U);
 }
 
 TEST_F(ResultsTest, ThePrinterGetsTheReportInFixedPitchWithABlueHeading) {
@@ -96,12 +95,109 @@ TEST_F(ResultsTest, APrinterThatFailsOrIsntChosenIsPassedOver) {
     EXPECT_TRUE(fakes.logLines().empty());
 }
 
-TEST_F(ResultsTest, ClearingEmptiesTheRowsAndTheReport) {
-    addRows();
-    BUTprint_Click(form, state, services);
-    BUTclearResults_Click(form);
+class SortResultsTest : public PassesTest {
+  protected:
+    void add(const std::string& name, const std::string& date, const std::string& time = "00:00:00") {
+        form.LISTpasses.add(
+            rowOfTexts({name, date, time, "000", "10 (AZ 000)", "00:05:00", "000", "Yes", "No "}));
+    }
+    /// Rows of the first days of May, by their letters.
+    void addDays(const std::string& letters) {
+        for (const char letter : letters) {
+            add(std::string(1, letter), std::string("0") + static_cast<char>(letter - 'a' + '1') + " MAY");
+        }
+    }
+    std::string order() const {
+        std::string names;
+        for (const ResultRow& row : rows()) names += row.texts[0];
+        return names;
+    }
+};
+
+TEST_F(SortResultsTest, SortsByDateAndTimeOfOneYearAndKeepsTheOrderOfEquals) {
+    add("a", "31 DEC", "23:00:00");
+    add("b", "01 JAN", "00:10:00");
+    add("c", "22 AUG", "10:00:00");
+    add("d", "22 AUG", "09:59:59");
+    add("e", "22 AUG", "10:00:00");
+    add("f", "02 FEB");
+    add("g", "22 AUG");
+    const ResultRow last = rows()[0];
+    BUTsortChron_Click(form, state, services);
+    EXPECT_EQ(order(), "bfgdcea");
+    EXPECT_EQ(rows().back(), last) << "a row moves with all its texts";
+}
+
+TEST_F(SortResultsTest, TheLastDayOfALeapFebruaryComesBeforeMarchInEveryYear) {
+    add("b", "01 MAR", "00:10:00");
+    add("a", "29 FEB", "23:51:00");
+    fakes.clock.setUtc({2027, 3, 1, 12, 0, 0}, 0);
+    BUTsortChron_Click(form, state, services);
+    EXPECT_EQ(order(), "ab");
+}
+
+TEST_F(SortResultsTest, TheListIsHiddenAndTheBarMovesAtEveryStep) {
+    addDays("abc");
+    std::vector<std::size_t> values;
+    fakes.events.onYield = [&] {
+        EXPECT_FALSE(form.LISTpasses.isVisible);
+        EXPECT_EQ(form.PROsorting.maximum, 3U);
+        values.push_back(form.PROsorting.value);
+    };
+    BUTsortChron_Click(form, state, services);
+    EXPECT_EQ(values, (std::vector<std::size_t>{0, 1, 1, 2, 2, 3, 3}));
+    EXPECT_TRUE(form.LISTpasses.isVisible);
+    form.LISTpasses.clear();
+    fakes.events.yields = 0;
+    fakes.events.onYield = {};
+    BUTsortChron_Click(form, state, services);
+    EXPECT_EQ(fakes.events.yields, 1) << "an empty list only flashes";
+}
+
+TEST_F(SortResultsTest, WhatTheUserDoesMeanwhileTakesEffect) {
+    addDays("dcba");
+    fakes.events.onYield = [&] {
+        if (fakes.events.yields == 5) add("z", "01 JAN");
+    };
+    BUTsortChron_Click(form, state, services);
+    EXPECT_EQ(order(), "abcdz") << "what comes in is behind the rows that are sorted";
+
+    fakes.events.yields = 0;
+    fakes.events.onYield = [&] {
+        if (fakes.events.yields == 3) BUTclearResults_Click(form);
+    };
+    BUTsortChron_Click(form, state, services);
     EXPECT_TRUE(rows().empty());
-    EXPECT_TRUE(form.Printed.isEmpty());
+    EXPECT_TRUE(form.LISTpasses.isVisible);
+}
+
+TEST_F(SortResultsTest, ASortInsideTheSortEndsInOrder) {
+    addDays("cba");
+    bool isInside = false;
+    fakes.events.onYield = [&] {
+        if (isInside || fakes.events.yields != 3) return;
+        isInside = true;
+        BUTsortChron_Click(form, state, services);
+        EXPECT_EQ(order(), "abc");
+        EXPECT_TRUE(form.LISTpasses.isVisible) << "the inner one shows the list";
+    };
+    BUTsortChron_Click(form, state, services);
+    EXPECT_TRUE(isInside);
+    EXPECT_EQ(order(), "abc");
+    EXPECT_TRUE(form.LISTpasses.isVisible);
+}
+
+TEST_F(SortResultsTest, LeavesWithTheViewAndShowsTheListAfterAFailure) {
+    addDays("ba");
+    fakes.events.onYield = [&] { state.MainTag = "menu"; };
+    BUTsortChron_Click(form, state, services);
+    EXPECT_EQ(fakes.events.yields, 1);
+    state.MainTag = "passprediction";
+    fakes.events.onYield = {};
+
+    add("c", "01 XYZ");
+    EXPECT_THROW(BUTsortChron_Click(form, state, services), std::invalid_argument);
+    EXPECT_TRUE(form.LISTpasses.isVisible);
 }
 
 }  // namespace

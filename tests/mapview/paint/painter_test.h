@@ -1,9 +1,6 @@
 // What the tests of the map's painter share: surfaces with sprites of one colour each.
 #pragma once
 
-#include <algorithm>
-#include <string>
-
 #include "core/config.h"
 #include "core/error_label.h"
 #include "mapview/paint/map_layers.h"
@@ -11,7 +8,6 @@
 #include "mapview/paint/repaint_map_screen.h"
 #include "tests/mapview/map_test.h"
 #include "tests/support/surface_pictures.h"
-#include "tests/support/testing.h"
 
 namespace vantrace {
 
@@ -20,6 +16,13 @@ inline Surface ofOneColour(int width, int height, Colour colour) {
     surface.setBackgroundColour(colour);
     surface.clear();
     return surface;
+}
+
+/// The services with other pictures and another print.
+inline Services servicesWith(const Services& all, Pictures& pictures, TextPainter& textPainter) {
+    return {all.clock,       all.events,     all.settings,      all.speech,   all.dialogs, all.desktop,
+            all.displayMode, all.process,    all.capture,       pictures,     textPainter, all.printer,
+            all.fetcher,     all.timeClient, all.linePublisher, all.errorLog, all.windows, all.format};
 }
 
 /// A map of 360 by 180 pixels, one to a degree, with the whole world on it; the ground is of one colour. The

@@ -1,6 +1,5 @@
 // The ground of the map, and where the pictures come from.
 #include "tests/mapview/paint/painter_test.h"
-#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {
@@ -21,17 +20,17 @@ class GroundTest : public PainterTest {
 };
 
 TEST_F(GroundTest, EachViewHasItsPartOfTheWorld) {
-    struct Case {
-        const char* view;
-        int x;
-        int y;
-    };
-    for (const Case& each : {Case{"NWQ", 0, 0}, Case{"NCQ", 4, 0}, Case{"NEQ", 8, 0}, Case{"SWQ", 0, 4},
-                             Case{"SCQ", 4, 4}, Case{"SEQ", 8, 4}}) {
-        EXPECT_EQ(painted(each.view, 8, 4), cut(surfaces.WorldNormal, each.x, each.y, 8, 4)) << each.view;
+    for (const auto& [view, x, y] : {std::tuple("NWQ", 0, 0),
+                                     {"NCQ", 4, 0},
+                                     {"NEQ", 8, 0},
+                                     {"SWQ", 0, 4},
+                                     {"SCQ", 4, 4},
+                                     {"SEQ", 8, 4}}) {
+        EXPECT_EQ(painted(view, 8, 4), cut(surfaces.WorldNormal, x, y, 8, 4)) << view;
     }
-    EXPECT_EQ(painted("worldnormal", 16, 8), wordsOf(surfaces.WorldNormal));
-    EXPECT_EQ(painted("nonsense", 16, 8), wordsOf(surfaces.WorldNormal));
+    for (const char* view : {"worldnormal", "nonsense"}) {
+        EXPECT_EQ(painted(view, 16, 8), wordsOf(surfaces.WorldNormal)) << view;
+    }
     painted("worldalt", 16, 8);
     EXPECT_EQ(cut(surfaces.Final, 0, 0, 8, 8), cut(surfaces.WorldNormal, 8, 0, 8, 8));
     EXPECT_EQ(cut(surfaces.Final, 8, 0, 8, 8), cut(surfaces.WorldNormal, 0, 0, 8, 8));
@@ -40,13 +39,13 @@ TEST_F(GroundTest, EachViewHasItsPartOfTheWorld) {
 TEST_F(GroundTest, NothingOfTheLastFrameIsLeft) {
     for (const auto& [worldWidth, worldHeight] : {std::pair{40, 20}, {41, 21}, {43, 23}}) {
         surfaces.WorldNormal = ofOneColour(worldWidth, worldHeight, ground);
-        for (const char* view : {"worldnormal", "worldalt", "NWQ", "NCQ", "NEQ", "SWQ", "SCQ", "SEQ"}) {
-            state.MainTag = view;
+        for (const Shown& view : views) {
+            state.MainTag = view.word;
             for (const auto& [width, height] : {std::pair{1, 1}, {7, 5}, {701, 3}, {30, 31}}) {
                 surfaces.Final = noise(width, height, 3);
                 paintBackground(frame());
                 EXPECT_EQ(wordsOf(surfaces.Final), wordsOf(ofOneColour(width, height, ground)))
-                    << view << " " << width << "x" << height << " of " << worldWidth;
+                    << view.word << " " << width << "x" << height << " of " << worldWidth;
             }
         }
     }
@@ -106,18 +105,9 @@ class MoonlessPictures final : public Pictures {
 
 TEST_F(GroundTest, ASpriteThatIsMissingCostsItselfAlone) {
     MoonlessPictures pictures;
-    const TestServices& all = fakes;
-    Services with{services.clock,         services.events,
-                  services.settings,      services.speech,
-                  services.dialogs,       services.desktop,
-                  services.displayMode,   services.process,
-                  services.capture,       pictures,
-                  services.textPainter,   services.printer,
-                  services.fetcher,       services.timeClient,
-                  services.linePublisher, services.errorLog,
-                  services.windows,       services.format};
+    Services with = servicesWith(services, pictures, services.textPainter);
     loadSprites(surfaces, with, 2);
-    EXPECT_EQ(all.logged(labels::mapFormLoad), 1);
+    EXPECT_EQ(fakes.logged(labels::mapFormLoad), 1);
     EXPECT_EQ(surfaces.MoonPic.width(), 0);
     for (const Surface* surface :
          {&surfaces.MoonMask, &surfaces.SunPic, &surfaces.SatPic[5], &surfaces.SatMask[0]}) {

@@ -1,10 +1,11 @@
 #include "mapview/tables/gsatroutine.h"
 
+#include "core/config.h"
 #include "core/error_label.h"
 #include "mapview/tables/info_pane.h"
 #include "mapview/tables/status_line.h"
 #include "tests/mapview/map_test.h"
-#include "tests/support/testing.h"
+#include "tests/support/fake_record_window.h"
 
 namespace vantrace {
 namespace {
@@ -23,13 +24,13 @@ class GsatroutineTest : public MapTest {
     }
     void tick() { Gsatroutine(form, map, state, services); }
     void expectPlaced(const FavouriteRecord& favourite, const DateParts& utc) const {
+        SCOPED_TRACE(favourite.Name);
         const TrackResult track = seenAt(favourite.Name, utc);
         const MapPoint point = subPoint(track);
-        EXPECT_NEAR(favourite.Latitude, point.Latitude, 1e-9) << favourite.Name;
-        EXPECT_NEAR(favourite.Longitude, point.Longitude, 1e-9) << favourite.Name;
-        EXPECT_NEAR(favourite.Azimuth, track.azimuthRad * 180.0 / std::numbers::pi, 1e-9) << favourite.Name;
-        EXPECT_NEAR(favourite.Elevation, track.elevationRad * 180.0 / std::numbers::pi, 1e-9)
-            << favourite.Name;
+        EXPECT_NEAR(favourite.Latitude, point.Latitude, 1e-9);
+        EXPECT_NEAR(favourite.Longitude, point.Longitude, 1e-9);
+        EXPECT_NEAR(favourite.Azimuth, inDegrees(track.azimuthRad), 1e-9);
+        EXPECT_NEAR(favourite.Elevation, inDegrees(track.elevationRad), 1e-9);
     }
 };
 
@@ -72,19 +73,17 @@ TEST_F(GsatroutineTest, WithoutAPrimaryInTheListThePaneKeepsItsTextsAndThereIsNo
     select(1);
     tick();
     EXPECT_EQ(form.RemoteStat[0], "Satellite : ISS (ZARYA)");
-    EXPECT_NEAR(distanceDeg(map.FootprintPoints[0], subPoint(seenAt(station, {2026, 8, 21, 20, 0, 0}))),
-                std::acos(6378.14 / (6378.14 + seenAt(station, {2026, 8, 21, 20, 0, 0}).heightKm)) * 180.0 /
-                    std::numbers::pi,
-                1e-6);
+    const TrackResult seen = seenAt(station, {2026, 8, 21, 20, 0, 0});
+    EXPECT_NEAR(distanceDeg(map.FootprintPoints[0], subPoint(seen)),
+                inDegrees(std::acos(6378.14 / (6378.14 + seen.heightKm))), 1e-6);
 }
 
 TEST_F(GsatroutineTest, SimulatedTimeMovesOnByTheSlidersMinutesAndCarriesUpToTheDay) {
-    struct Case {
+    const struct {
         DateParts before;
         std::int16_t minutes;
         DateParts after;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {{2026, 8, 21, 10, 20, 30}, 5, {2026, 8, 21, 10, 25, 30}},
         {{2026, 8, 21, 10, 20, 30}, 60, {2026, 8, 21, 11, 20, 30}},
         {{2026, 8, 21, 10, 59, 30}, 60, {2026, 8, 21, 11, 59, 30}},
@@ -92,7 +91,7 @@ TEST_F(GsatroutineTest, SimulatedTimeMovesOnByTheSlidersMinutesAndCarriesUpToThe
         {{2026, 8, 31, 23, 50, 30}, 10, {2026, 8, 32, 0, 0, 30}},
         {{2026, 12, 40, 23, 50, 30}, 10, {2026, 12, 41, 0, 0, 30}},
     };
-    for (const Case& value : cases) {
+    for (const auto& value : cases) {
         warpTo(value.before, value.minutes);
         tick();
         EXPECT_EQ(warped(), value.after) << value.before.hour << ":" << value.before.minute;
@@ -171,25 +170,19 @@ TEST_F(GsatroutineTest, LinesOfThePaneHaveTheirWordsAndFormats) {
     state.SatNextDuration = "05m : 12s";
     ErrorLabel label(services, labels::mapviewGsatroutine);
     writeSatelliteLines(form, state, services, label, "NOAA 15");
-    const std::array<std::string, remoteStatCount> expected{"Satellite : NOAA 15",
-                                                            "Latitude : -5.13 Deg",
-                                                            "Longitude : 0.00 Deg",
-                                                            "Azimuth : 360.0 Deg",
-                                                            "Elevation : 0.0 Deg",
-                                                            "Height : 35786.3 Km",
-                                                            "Range : 1234 Km  [SUNLIT]",
-                                                            "ETA : 23:05:10 (07° EL   05m : 12s)",
-                                                            "MA : 17.65 deg",
-                                                            "Orbit : 158,188 revs",
-                                                            "",
-                                                            "",
-                                                            "",
-                                                            "",
-                                                            "",
-                                                            "",
-                                                            "",
-                                                            "Phase(MA) : 12.5"};
-    EXPECT_EQ(form.RemoteStat, expected);
+    Texts expected{"Satellite : NOAA 15",
+                   "Latitude : -5.13 Deg",
+                   "Longitude : 0.00 Deg",
+                   "Azimuth : 360.0 Deg",
+                   "Elevation : 0.0 Deg",
+                   "Height : 35786.3 Km",
+                   "Range : 1234 Km  [SUNLIT]",
+                   "ETA : 23:05:10 (07° EL   05m : 12s)",
+                   "MA : 17.65 deg",
+                   "Orbit : 158,188 revs"};
+    expected.resize(17);
+    expected.push_back("Phase(MA) : 12.5");
+    EXPECT_EQ(Texts(form.RemoteStat.begin(), form.RemoteStat.end()), expected);
 
     services.format.decimalMark = ',';
     state.SatSunlit = false;
@@ -207,14 +200,60 @@ TEST_F(GsatroutineTest, LinesOfThePaneHaveTheirWordsAndFormats) {
 }
 
 TEST(DayOfYear, EveryFourthYearIsALeapYear) {
-    EXPECT_EQ(dayOfYear({2026, 1, 1}), 1);
-    EXPECT_EQ(dayOfYear({2026, 2, 28}), 59);
-    EXPECT_EQ(dayOfYear({2026, 3, 1}), 60);
+    for (int month = 1; month <= 12; ++month) {
+        for (const int year : {2024, 2026}) {
+            const double newYear = packDateTime({year, 1, 1});
+            EXPECT_EQ(dayOfYear({year, month, 28}), packDateTime({year, month, 28}) - newYear + 1) << month;
+        }
+    }
     EXPECT_EQ(dayOfYear({2024, 2, 29}), 60);
-    EXPECT_EQ(dayOfYear({2024, 3, 1}), 61);
-    EXPECT_EQ(dayOfYear({2026, 12, 31}), 365);
-    EXPECT_EQ(dayOfYear({2024, 12, 31}), 366);
     EXPECT_EQ(dayOfYear({2100, 12, 31}), 366);
+}
+
+/// When a tick of the map tests for recordings; the tests themselves are the station's.
+class RecordingTest : public MapTest {
+  protected:
+    RecordingTest() {
+        registerRecord(services.windows, record, state);
+        SaveConfig(services, settings::wxEl, "10");
+        SaveConfig(services, settings::recWxsat, "1");
+        addFavourite("ISS");
+        addFavourite("NOAA 15");
+        addFavourite("NOAA 18");
+        select(2);
+    }
+    ~RecordingTest() override { services.windows.close(); }
+
+    /// One tick of the map; the engine knows none of the satellites, so each is seen at that elevation.
+    Texts tickAt(double elevationDeg) {
+        record.events.clear();
+        state.SatElevation = elevationDeg;
+        Gsatroutine(form, map, state, services);
+        return record.events;
+    }
+
+    RecordScript record;
+};
+
+TEST_F(RecordingTest, ATickTestsOnlyTheSatelliteOfThePane) {
+    select(1);
+    EXPECT_EQ(tickAt(45), Texts{});
+    select(3);
+    EXPECT_EQ(tickAt(45), (Texts{"show", "start NOAA 18"}));
+    select(2);
+    EXPECT_EQ(tickAt(-45), Texts{});
+    select(3);
+    EXPECT_EQ(tickAt(-45), Texts{"stop"});
+}
+
+TEST_F(RecordingTest, DuringTimeWarpNothingStartsOrStops) {
+    warpTo({2026, 8, 21, 22, 0, 0}, 1);
+    EXPECT_EQ(tickAt(45), Texts{});
+    form.TimeWarp = 0;
+    tickAt(45);
+    form.TimeWarp = 1;
+    EXPECT_EQ(tickAt(-45), Texts{});
+    EXPECT_TRUE(state.Recording);
 }
 
 }  // namespace

@@ -113,26 +113,25 @@ TEST_F(WorldViewWindowTest, ThePlaceOfTheWindowComesBack) {
     EXPECT_EQ(fakes.settings.get("WinPosW"), "9600");
 }
 
-TEST_F(WorldViewWindowTest, ClosedDuringAFrameItGivesWayToMain) {
-    WorldView* const view = open();
+TEST_F(WorldViewWindowTest, ClosedOrNotWantedDuringAFrameItGivesWayToMain) {
+    WorldView* view = open();
     // At one of the yields of the tick that comes.
-    QTimer::singleShot(0, view, [view] { view->close(); });
-    tick(view, "Timer1");
-    settle();
-    EXPECT_EQ(windowOnScreen<WorldView>(), nullptr);
-    EXPECT_NE(windowOnScreen<Main>(), nullptr);
-    EXPECT_FALSE(fakes.windows.isLoaded("WorldView"));
-}
-
-TEST_F(WorldViewWindowTest, ADifferentViewWantedDuringAFrameEndsItWithTheNextTick) {
-    WorldView* const view = open();
     QTimer::singleShot(0, view, [this] { state.MainTag = "menu"; });
     tick(view, "Timer1");
     EXPECT_EQ(map.StatusLine, "") << "the routine left half-way";
     tick(view, "Timer1");
-    settle();
-    EXPECT_EQ(windowOnScreen<WorldView>(), nullptr);
-    EXPECT_NE(windowOnScreen<Main>(), nullptr);
+    const auto expectGone = [this] {
+        settle();
+        EXPECT_EQ(windowOnScreen<WorldView>(), nullptr);
+        EXPECT_NE(windowOnScreen<Main>(), nullptr);
+        EXPECT_FALSE(fakes.windows.isLoaded("WorldView"));
+    };
+    expectGone();
+    choose(windowOnScreen<Main>(), "Mworldview");
+    view = windowOnScreen<WorldView>();
+    QTimer::singleShot(0, view, [view] { view->close(); });
+    tick(view, "Timer1");
+    expectGone();
 }
 
 }  // namespace

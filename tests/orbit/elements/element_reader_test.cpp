@@ -1,7 +1,7 @@
 #include "orbit/elements/element_reader.h"
 
+#include "orbit/elements/element_fields.h"
 #include "tests/orbit/element_texts.h"
-#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {
@@ -10,6 +10,7 @@ namespace {
 const std::string name1 = "ISS (ZARYA)";
 const std::string line1 = "1 25544U 98067A   26233.53315667  .00008864  00000+0  16558-3 0  9995";
 const std::string line2 = "2 25544  51.6331 336.6713 0007673  69.9303 290.2511 15.49551867581884";
+const std::string lines = "\n" + line1 + "\n" + line2 + "\n";
 
 Texts namesIn(std::string_view text) {
     Texts names;
@@ -18,7 +19,7 @@ Texts namesIn(std::string_view text) {
 }
 
 TEST(ElementReader, ReadsEveryFieldInTheEnginesUnits) {
-    const ReadElements read = readAll(name1 + "\n" + line1 + "\n" + line2 + "\n");
+    const ReadElements read = readAll(name1 + lines);
     ASSERT_EQ(read.sets.size(), 1U);
     const ElementSet& set = read.sets.front();
     EXPECT_EQ(set.name, "ISS (ZARYA)");
@@ -36,63 +37,46 @@ TEST(ElementReader, ReadsEveryFieldInTheEnginesUnits) {
 }
 
 TEST(ElementReader, TakesEveryFormOfLinesAndLineEnds) {
-    const std::string lines = line1 + "\n" + line2;
-    const struct {
-        std::string what;
-        std::string text;
-    } table[] = {
-        {"LF", name1 + "\n" + lines + "\n"},
-        {"CR LF", name1 + "\r\n" + line1 + "\r\n" + line2 + "\r\n"},
-        {"mixed ends", name1 + "\r\n" + lines + "\r\n"},
-        {"no last end", name1 + "\n" + lines},
-        {"trailing blanks", name1 + "             \r\n" + line1 + "  \r\n" + line2 + "   \r\n"},
-        {"leading 0", "0 " + name1 + "\n" + lines},
-        {"leading blanks", "   " + name1 + "\n" + lines},
-        {"0 and blanks", "0   " + name1 + "\n" + lines},
-        {"UTF-8 mark", "\xEF\xBB\xBF" + name1 + "\n" + lines},
-        {"comments", "# made today\n" + name1 + "\n# line 1\n" + line1 + "\n#\n" + line2 + "\n# end\n"},
-        {"blank lines", "\n\n" + name1 + "\n\n" + line1 + "\n  \n" + line2 + "\n\n"},
-        {"text behind column 69", name1 + "\n" + line1 + "\n" + line2 + "  0.0  1440.0  5.0\n"},
-    };
-    for (const auto& row : table) {
-        EXPECT_EQ(namesIn(row.text), Texts{name1}) << row.what;
-        EXPECT_TRUE(readAll(row.text).remarks.empty()) << row.what;
+    for (const std::string& text :
+         {name1 + lines, name1 + "\r\n" + line1 + "\r\n" + line2 + "\r\n", name1 + "\r" + lines + "\r\n",
+          name1 + lines.substr(0, lines.size() - 1),
+          name1 + "             \r\n" + line1 + "  \r\n" + line2 + "   \r\n", "0 " + name1 + lines,
+          "   " + name1 + lines, "0   " + name1 + lines, "\xEF\xBB\xBF" + name1 + lines,
+          "# made today\n" + name1 + "\n# line 1\n" + line1 + "\n#\n" + line2 + "\n# end\n",
+          "\n\n" + name1 + "\n\n" + line1 + "\n  \n" + line2 + "\n\n",
+          name1 + "\n" + line1 + "\n" + line2 + "  0.0  1440.0  5.0\n"}) {
+        EXPECT_EQ(namesIn(text), Texts{name1}) << text;
+        EXPECT_TRUE(readAll(text).remarks.empty()) << text;
     }
 }
 
 TEST(ElementReader, CallsASetWithoutANameByItsNumber) {
-    EXPECT_EQ(namesIn(line1 + "\n" + line2 + "\n"), Texts{"25544"});
-    const std::string alpha1 = withColumns(line1, 3, "B0001");
-    const std::string alpha2 = withColumns(line2, 3, "B0001");
-    EXPECT_EQ(namesIn(alpha1 + "\n" + alpha2), Texts{"110001"});
-    // A lonely "0 " is no name.
-    EXPECT_EQ(namesIn("0\n" + line1 + "\n" + line2 + "\n"), Texts{"25544"});
-    EXPECT_EQ(namesIn("0   \r\n" + line1 + "\n" + line2 + "\n"), Texts{"25544"});
-    // The name of one set is not carried over to the next.
-    const std::string lines = "\n" + line1 + "\n" + line2 + "\n";
-    EXPECT_EQ(namesIn("FIRST" + lines + lines), (Texts{"FIRST", "25544"}));
+    EXPECT_EQ(namesIn(lines), Texts{"25544"});
+    EXPECT_EQ(namesIn(withColumns(line1, 3, "B0001") + "\n" + withColumns(line2, 3, "B0001")),
+              Texts{"110001"});
+    EXPECT_EQ(namesIn("0" + lines), Texts{"25544"}) << "a lonely 0 is no name";
+    EXPECT_EQ(namesIn("0   \r" + lines), Texts{"25544"});
+    EXPECT_EQ(namesIn("FIRST" + lines + lines), (Texts{"FIRST", "25544"})) << "no name is carried over";
 }
 
 TEST(ElementReader, KeepsNamesThatLookLikeTheStartOfALine) {
-    for (const std::string name : {"1 HOPEFUL", "2 BE OR NOT 2 BE", "1", "00", "1998-067A", "2026 001 DEB"}) {
-        EXPECT_EQ(namesIn(name + "\n" + line1 + "\n" + line2), Texts{name});
+    for (const std::string& name :
+         {std::string("1 HOPEFUL"), std::string("2 BE OR NOT 2 BE"), std::string("1"), std::string("00"),
+          std::string("1998-067A"), std::string("2026 001 DEB"), std::string("\xC3\x89TOILE"),
+          std::string(200, 'N')}) {
+        EXPECT_EQ(namesIn(name + lines), Texts{name});
     }
-    const std::string longName(200, 'N');
-    EXPECT_EQ(namesIn(longName + "\n" + line1 + "\n" + line2), Texts{longName});
 }
 
 TEST(ElementReader, LeavesOutSetsWhoseNamesHoldControlCharacters) {
-    const std::string lines = "\n" + line1 + "\n" + line2 + "\n";
     for (const std::string& name : {std::string("RED\x1b[31m"), std::string("BELL\a"), std::string("N\0L", 3),
                                     std::string("DEL\x7f")}) {
         const ReadElements read = readAll(name + lines + "GOOD" + lines);
-        ASSERT_EQ(read.sets.size(), 1U);
-        EXPECT_EQ(read.sets.front().name, "GOOD");
+        EXPECT_EQ(namesIn(name + lines + "GOOD" + lines), Texts{"GOOD"});
         ASSERT_EQ(read.remarks.size(), 1U);
         EXPECT_EQ(read.remarks.front().name, "");
         EXPECT_FALSE(read.remarks.front().used);
     }
-    EXPECT_EQ(namesIn("\xC3\x89TOILE" + lines), Texts{"\xC3\x89TOILE"});
 }
 
 TEST(ElementReader, ReadsCatalogueNumbersInAlpha5) {
@@ -103,8 +87,7 @@ TEST(ElementReader, ReadsCatalogueNumbersInAlpha5) {
         EXPECT_EQ(parseCatalogNumber(letters.substr(i, 1) + "0000"), hundred);
         EXPECT_EQ(parseCatalogNumber(letters.substr(i, 1) + "9999"), hundred + 9999);
     }
-    EXPECT_EQ(parseCatalogNumber("00005"), 5);
-    EXPECT_EQ(parseCatalogNumber("    5"), 5);
+    for (const char* five : {"00005", "    5"}) EXPECT_EQ(parseCatalogNumber(five), 5);
     EXPECT_EQ(parseCatalogNumber("99999"), 99999);
     for (const char* wrong : {"I0000", "O0000", "a0000", "AA000", "A000", "A00000", "A 000", "A00 0", "     ",
                               "1A000", "0000A", "-0001", "+0001", "1.000", "12 45", "Ä000", "", "@0000"}) {
@@ -112,21 +95,11 @@ TEST(ElementReader, ReadsCatalogueNumbersInAlpha5) {
     }
 }
 
-TEST(ElementReader, ReadsTheShippedAlpha5Sets) {
-    const ReadElements read = readAll(shippedText("alpha5.txt"));
-    EXPECT_EQ(read.sets.size(), 16U);
-    for (const ElementSet& set : read.sets) EXPECT_GE(set.catalogNumber, 100000) << set.name;
-}
-
 TEST(ElementReader, TakesEpochYearsFrom1957To2056) {
-    const auto yearOf = [](const std::string& digits) {
-        return isoText(readAll(withColumns(line1, 19, digits) + "\n" + line2).sets.at(0).epoch, 0)
-            .substr(0, 4);
-    };
-    EXPECT_EQ(yearOf("57"), "1957");
-    EXPECT_EQ(yearOf("99"), "1999");
-    EXPECT_EQ(yearOf("00"), "2000");
-    EXPECT_EQ(yearOf("56"), "2056");
+    for (const std::string year : {"1957", "1999", "2000", "2056"}) {
+        const ReadElements read = readAll(withColumns(line1, 19, year.substr(2)) + "\n" + line2);
+        EXPECT_EQ(isoText(read.sets.at(0).epoch, 0).substr(0, 4), year);
+    }
 }
 
 TEST(ElementReader, TellsDifferentNumbersInLines1And2AndUsesTheFirst) {
@@ -134,53 +107,44 @@ TEST(ElementReader, TellsDifferentNumbersInLines1And2AndUsesTheFirst) {
     ASSERT_EQ(read.sets.size(), 1U);
     EXPECT_EQ(read.sets.front().catalogNumber, 25544);
     ASSERT_EQ(read.remarks.size(), 1U);
-    EXPECT_TRUE(read.remarks.front().used);
-    EXPECT_EQ(read.remarks.front().line, 3U);
-    EXPECT_EQ(read.remarks.front().name, name1);
-    EXPECT_NE(read.remarks.front().reason.find("25544"), std::string::npos);
-    EXPECT_NE(read.remarks.front().reason.find("25545"), std::string::npos);
+    const ElementRemark& remark = read.remarks.front();
+    EXPECT_TRUE(remark.used && remark.line == 3U && remark.name == name1);
+    for (const char* number : {"25544", "25545"}) EXPECT_NE(remark.reason.find(number), std::string::npos);
 }
 
 TEST(ElementReader, LeavesOutLonelyLinesAndGoesOn) {
-    const std::string good = "GOOD\n" + line1 + "\n" + line2 + "\n";
-    const struct {
-        std::string what;
-        std::string text;
-        std::size_t line;
-    } table[] = {
-        {"line 1 before a name", "LOST\n" + line1 + "\n" + good, 2},
-        {"line 1 before a line 1", "LOST\n" + line1 + "\n" + line1 + "\n" + line2 + "\n" + good, 2},
-        {"line 1 at the end", good + "LOST\n" + line1 + "\n", 5},
-        {"line 2 behind a name", "LOST\n" + line2 + "\n" + good, 2},
-        {"line 2 twice", good + line2 + "\n", 4},
-        {"lines swapped", "LOST\n" + line2 + "\n" + good, 2},
-    };
-    for (const auto& row : table) {
-        const ReadElements read = readAll(row.text);
-        ASSERT_EQ(read.remarks.size(), 1U) << row.what;
-        EXPECT_EQ(read.remarks.front().line, row.line) << row.what;
-        EXPECT_FALSE(read.remarks.front().used) << row.what;
-        EXPECT_EQ(std::ranges::count(namesIn(row.text), "GOOD"), 1) << row.what;
+    const std::string good = "GOOD" + lines;
+    for (const auto& [text, line] : std::map<std::string, std::size_t>{
+             {"LOST\n" + line1 + "\n" + good, 2},   // line 1 before a name
+             {"LOST\n" + line1 + lines + good, 2},  // line 1 before a line 1
+             {good + "LOST\n" + line1 + "\n", 5},   // line 1 at the end
+             {"LOST\n" + line2 + "\n" + good, 2},   // line 2 behind a name
+             {good + line2 + "\n", 4},              // line 2 twice
+         }) {
+        const ReadElements read = readAll(text);
+        ASSERT_EQ(read.remarks.size(), 1U) << text;
+        EXPECT_EQ(read.remarks.front().line, line) << text;
+        EXPECT_FALSE(read.remarks.front().used) << text;
+        EXPECT_EQ(std::ranges::count(namesIn(text), "GOOD"), 1) << text;
     }
 }
 
 TEST(ElementReader, TellsElementTextsFromOthersByTheirContent) {
-    EXPECT_TRUE(looksLikeElementSets(name1 + "\r\n" + line1 + "\r\n" + line2 + "\r\n"));
-    EXPECT_TRUE(looksLikeElementSets(line2));
-    EXPECT_TRUE(looksLikeElementSets("a preface\nof two lines\n" + line1));
-    EXPECT_FALSE(looksLikeElementSets(""));
-    EXPECT_FALSE(looksLikeElementSets("1 satellite of 25544, and 2 are not in these lines\n2 be or not\n"));
-    EXPECT_FALSE(looksLikeElementSets(shippedText("locations.dat")));
-    EXPECT_FALSE(looksLikeElementSets(shippedText("satellite.dat")));
-    EXPECT_TRUE(looksLikeElementSets(std::string("\0\1", 2) + "\n" + line1 + "\n" + line2));
-    for (const std::string& file : shippedElementFiles()) {
-        EXPECT_TRUE(looksLikeElementSets(shippedText(file))) << file;
+    for (const std::string& text :
+         {name1 + "\r" + lines, line2, "a preface\nof two lines\n" + line1, std::string("\0\1", 2) + lines}) {
+        EXPECT_TRUE(looksLikeElementSets(text)) << text;
+    }
+    for (const std::string& text :
+         {std::string(), std::string("1 satellite of 25544, and 2 are not in these lines\n2 be or not\n"),
+          shippedText("locations.dat"), shippedText("satellite.dat")}) {
+        EXPECT_FALSE(looksLikeElementSets(text)) << text;
     }
 }
 
 TEST(ElementReader, FindsNothingWrongInTheShippedFiles) {
     std::size_t sets = 0;
     for (const std::string& file : shippedElementFiles()) {
+        EXPECT_TRUE(looksLikeElementSets(shippedText(file))) << file;
         const ReadElements read = readAll(shippedText(file));
         sets += read.sets.size();
         for (const ElementRemark& remark : read.remarks) {
@@ -188,6 +152,109 @@ TEST(ElementReader, FindsNothingWrongInTheShippedFiles) {
         }
     }
     EXPECT_GT(sets, 2000U);
+}
+
+ElementParse parsed(int line, std::size_t column, std::string_view text) {
+    const std::string first = line == 1 ? withColumns(line1, column, text) : line1;
+    const std::string second = line == 2 ? withColumns(line2, column, text) : line2;
+    return parseElementLines({first, second});
+}
+
+TEST(ElementFields, AWrongNumberInAnyFieldCostsTheSetAndIsNamed) {
+    const struct {
+        int line;
+        std::size_t column;
+        const char* reason;
+        Texts texts;
+    } table[] = {
+        {1, 3, "catalogue number", {"2554X", "I0000", "     "}},
+        {1, 19, "epoch year", {"2X", " 6"}},
+        {1,
+         21,
+         "epoch day",
+         {"000.53315667", "366.00000000", "999.99999999", "233.5331.667", "            "}},
+        {1, 21, "epoch day", {"-33.53315667"}},
+        {1, 34, "first derivative", {" .0000x864", "99.9999999"}},
+        {1, 45, "second derivative", {" 0000x+0", " 00000+x", "x00000+0"}},
+        {1, 54, "drag term", {" 16558-x", " 16558x3", " 1655.-3"}},
+        {2, 3, "catalogue number", {"2554X"}},
+        {2, 9, "inclination", {" 51.633x", "180.0001", " -1.0000", "        "}},
+        {2, 18, "right ascension", {"360.0001", "336,6713", "nan     "}},
+        {2, 27, "eccentricity", {"000767x", ".007673", "-007673"}},
+        {2, 35, "argument of perigee", {"369.9303", "1e2     "}},
+        {2, 44, "mean anomaly", {"400.0000", "29 .2511"}},
+        {2, 53, "mean motion", {"00.00000000", "-1.00000000", "21.00000000", "inf        "}},
+        {2, 64, "revolution number", {"5818x", "58 88"}},
+    };
+    for (const auto& row : table) {
+        for (const std::string& text : row.texts) {
+            const ElementParse parse = parsed(row.line, row.column, text);
+            EXPECT_NE(parse.reason.find(row.reason), std::string::npos)
+                << "line " << row.line << " column " << row.column << " \"" << text << "\": " << parse.reason;
+            EXPECT_EQ(parse.wrongLine, row.line) << text;
+        }
+    }
+}
+
+TEST(ElementFields, OddButGoodNumbersAreRead) {
+    EXPECT_EQ(parsed(1, 3, "   44").set.catalogNumber, 44);
+    EXPECT_DOUBLE_EQ(parsed(1, 54, "-11606-4").set.bStar, -0.11606e-4);
+    EXPECT_DOUBLE_EQ(parsed(1, 54, "+11606+1").set.bStar, 1.1606);
+    EXPECT_DOUBLE_EQ(parsed(1, 54, " 13519-0").set.bStar, 0.13519);
+    EXPECT_DOUBLE_EQ(parsed(1, 54, " 14311 1").set.bStar, 1.4311);
+    EXPECT_EQ(parsed(1, 54, "        ").set.bStar, 0.0);
+    EXPECT_DOUBLE_EQ(parsed(2, 27, "   7673").set.eccentricity, 0.0007673);
+    EXPECT_DOUBLE_EQ(parsed(2, 27, "9999999").set.eccentricity, 0.9999999);
+    EXPECT_DOUBLE_EQ(parsed(2, 9, "180.0000").set.inclinationRad, pi);
+    EXPECT_DOUBLE_EQ(parsed(2, 44, "360.0000").set.meanAnomalyRad, 2.0 * pi);
+    EXPECT_EQ(parsed(2, 64, "     ").set.revolutionNumber, 0);
+    EXPECT_EQ(parsed(2, 64, "    7").set.revolutionNumber, 7);
+    EXPECT_EQ(isoText(parsed(1, 19, "24366.50000000").set.epoch, 0), "2024-12-31T12:00:00Z");
+    EXPECT_EQ(isoText(parsed(1, 19, "26  1.00000000").set.epoch, 0), "2026-01-01T00:00:00Z");
+    for (const ElementParse& parse : {parsed(1, 34, " .00000000"), parsed(1, 34, "-.00000093"),
+                                      parsed(1, 34, "+.00000093"), parsed(1, 45, " 81888-5")}) {
+        EXPECT_EQ(parse.reason, "");
+    }
+}
+
+TEST(ElementFields, AWrongCheckDigitOfEitherLineIsToldWithTheRightOne) {
+    for (const char digit : std::string_view("0123456789x")) {
+        const std::string first = line1.substr(0, 68) + digit;
+        const std::string second = line2.substr(0, 68) + digit;
+        EXPECT_EQ(parseElementLines({first, line2}).reason.empty(), digit == '5');
+        EXPECT_EQ(parseElementLines({line1, second}).reason.empty(), digit == '4');
+    }
+    const ElementParse parse = parseElementLines({line1, line2.substr(0, 68) + 'x'});
+    EXPECT_NE(parse.reason.find("check digit of line 2 is 'x', should be 4"), std::string::npos);
+    EXPECT_EQ(parse.wrongLine, 2);
+}
+
+TEST(ElementFields, AnySingleDigitThatIsChangedIsNoticed) {
+    const auto changed = [](std::string line, std::size_t column) {
+        char& c = line[column];
+        if (c >= '0' && c <= '9') c = c == '9' ? '0' : static_cast<char>(c + 1);
+        return line;
+    };
+    for (std::size_t column = 0; column < 68; ++column) {
+        const std::string first = changed(line1, column);
+        const std::string second = changed(line2, column);
+        EXPECT_EQ(parseElementLines({first, line2}).reason.empty(), first == line1) << first;
+        EXPECT_EQ(parseElementLines({line1, second}).reason.empty(), second == line2) << second;
+    }
+}
+
+TEST(ElementFields, LinesOfTheWrongLengthOrShiftedColumnsAreRefused) {
+    for (std::size_t length = 0; length < 69; ++length) {
+        EXPECT_FALSE(parseElementLines({line1.substr(0, length), line2}).reason.empty()) << length;
+        EXPECT_FALSE(parseElementLines({line1, line2.substr(0, length)}).reason.empty()) << length;
+    }
+    EXPECT_EQ(parseElementLines({line1 + "7", line2}).wrongLine, 1);
+    EXPECT_EQ(parseElementLines({line1, line2 + "7"}).wrongLine, 2);
+    EXPECT_EQ(parseElementLines({line1 + " anything", line2 + " more"}).reason, "");
+    // One blank too many in front: every field slides to the right by one.
+    std::string slid = "2  " + line2.substr(2, 66);
+    slid[68] = checkDigitOf(slid);
+    EXPECT_EQ(parseElementLines({line1, slid}).wrongLine, 2);
 }
 
 }  // namespace

@@ -4,7 +4,6 @@
 #include "orbit/elements/element_reader.h"
 #include "platform/text_file.h"
 #include "tests/orbit/element_texts.h"
-#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {

@@ -2,7 +2,6 @@
 
 #include "core/date_time.h"
 #include "tests/orbit/engine_test.h"
-#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {
@@ -37,28 +36,20 @@ std::vector<Record> recordsOf(const std::string& text) {
     return records;
 }
 
-Pass passFrom(const CalendarTime& rise, double seconds, double elevationDeg) {
+/// The text of one pass.
+std::string textOf(const CalendarTime& rise, double seconds, double elevationDeg) {
     Pass pass;
     pass.rise = {instantFromCalendar(rise), 200.99 * radiansPerDegree, 0.0};
     pass.set = {plusSeconds(pass.rise.time, seconds), 359.999 * radiansPerDegree, 0.0};
     pass.culmination = {plusSeconds(pass.rise.time, seconds / 2.0), 0.0, elevationDeg * radiansPerDegree};
-    return pass;
-}
-
-std::string textOf(const Pass& pass) {
     return passListText({{pass}, "", {}}, pass.rise.time, 1.0, 0.0);
 }
 
 TEST(PassListText, RoundsEachFigureItsOwnWay) {
-    EXPECT_EQ(textOf(passFrom({2026, 8, 21, 12, 0, 59.4}, 600.001, 45.0001)),
-              "20260821120059 200 359 45 600");
-    EXPECT_EQ(textOf(passFrom({2026, 8, 21, 12, 0, 59.6}, 599.99, 44.9999)), "20260821120100 200 359 44 599");
-    EXPECT_EQ(textOf(passFrom({2026, 12, 31, 23, 59, 59.7}, 0.9, 0.2)), "20270101000000 200 359 0 0");
-    EXPECT_EQ(textOf(passFrom({2026, 1, 2, 3, 4, 5.0}, 60.0001, 90.0)), "20260102030405 200 359 90 60");
-}
-
-TEST(PassListText, IsEmptyWithoutAPass) {
-    EXPECT_EQ(passListText({}, instantFromDayNumber(46000.0), 3.0, 0.0), "");
+    EXPECT_EQ(textOf({2026, 8, 21, 12, 0, 59.4}, 600.001, 45.0001), "20260821120059 200 359 45 600");
+    EXPECT_EQ(textOf({2026, 8, 21, 12, 0, 59.6}, 599.99, 44.9999), "20260821120100 200 359 44 599");
+    EXPECT_EQ(textOf({2026, 12, 31, 23, 59, 59.7}, 0.9, 0.2), "20270101000000 200 359 0 0");
+    EXPECT_EQ(textOf({2026, 1, 2, 3, 4, 5.0}, 60.0001, 90.0), "20260102030405 200 359 90 60");
 }
 
 class PassListTest : public EngineTest {
@@ -86,74 +77,53 @@ TEST_F(PassListTest, HoldsEveryPassOfItsSpan) {
     }
     EXPECT_GT(recordsOf(engine.EnginePassList("ISS (ZARYA)", start, 1, 10, 0, 0)).size(), 20U);
     EXPECT_EQ(engine.EnginePassList("ISS (ZARYA)", start, 1, 0, 0, 0), "");
+    setSite(30.0, 95.0, 0.0);
+    EXPECT_EQ(engine.EnginePassList("GOES 19", start, 1, 4, 0, 0), "") << "it never rises";
 }
 
-struct LocalDays {
-    const char* what;
-    int offsetMinutes;
-    DateParts startUtc;
-    int days;
-    Texts rises;
-};
-
-class NeverSetting : public PassListTest, public ::testing::WithParamInterface<LocalDays> {};
-
-TEST_P(NeverSetting, IsCutIntoLocalDays) {
+TEST_F(PassListTest, WhatNeverSetsIsCutIntoLocalDays) {
     setSite(30.0, 275.0, 0.0);
-    clock.setUtc({2026, 8, 21, 12, 0, 0}, GetParam().offsetMinutes);
-    const std::string text =
-        engine.EnginePassList("GOES 19", packDateTime(GetParam().startUtc), 1, GetParam().days, 0, 0);
-    Texts rises;
-    for (const Record& record : recordsOf(text)) {
-        rises.push_back(record.rise);
-        EXPECT_EQ(record.seconds, 86399);
-        EXPECT_TRUE(record.elevation > 40 && record.elevation < 60) << record.elevation;
+    const struct {
+        int offsetMinutes;
+        DateParts startUtc;
+        int days;
+        Texts rises;
+    } table[] = {
+        {0, {2026, 8, 21, 20}, 3, {"20260821000000", "20260822000000", "20260823000000", "20260824000000"}},
+        {0, {2026, 8, 21}, 2, {"20260821000000", "20260822000000"}},
+        {330, {2026, 8, 21, 20}, 3, {"20260821183000", "20260822183000", "20260823183000", "20260824183000"}},
+        {330, {2026, 8, 21, 18, 29, 59}, 1, {"20260820183000", "20260821183000"}},
+        {-480, {2026, 8, 21, 7}, 1, {"20260820080000", "20260821080000"}},
+        {-480, {2026, 12, 31, 9}, 2, {"20261231080000", "20270101080000", "20270102080000"}},
+    };
+    for (const auto& row : table) {
+        SCOPED_TRACE(row.rises.front());
+        clock.setUtc({2026, 8, 21, 12, 0, 0}, row.offsetMinutes);
+        Texts rises;
+        for (const Record& record :
+             recordsOf(engine.EnginePassList("GOES 19", packDateTime(row.startUtc), 1, row.days, 0, 0))) {
+            rises.push_back(record.rise);
+            EXPECT_EQ(record.seconds, 86399);
+            EXPECT_TRUE(record.elevation > 40 && record.elevation < 60) << record.elevation;
+        }
+        EXPECT_EQ(rises, row.rises);
     }
-    EXPECT_EQ(rises, GetParam().rises);
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Offsets, NeverSetting,
-    ::testing::Values(
-        LocalDays{"Greenwich",
-                  0,
-                  {2026, 8, 21, 20, 0, 0},
-                  3,
-                  {"20260821000000", "20260822000000", "20260823000000", "20260824000000"}},
-        LocalDays{"GreenwichAtMidnight", 0, {2026, 8, 21, 0, 0, 0}, 2, {"20260821000000", "20260822000000"}},
-        LocalDays{"India",
-                  330,
-                  {2026, 8, 21, 20, 0, 0},
-                  3,
-                  {"20260821183000", "20260822183000", "20260823183000", "20260824183000"}},
-        LocalDays{
-            "IndiaBeforeMidnight", 330, {2026, 8, 21, 18, 29, 59}, 1, {"20260820183000", "20260821183000"}},
-        LocalDays{"Pacific", -480, {2026, 8, 21, 7, 0, 0}, 1, {"20260820080000", "20260821080000"}},
-        LocalDays{"PacificAcrossTheYear",
-                  -480,
-                  {2026, 12, 31, 9, 0, 0},
-                  2,
-                  {"20261231080000", "20270101080000", "20270102080000"}}),
-    [](const auto& one) { return one.param.what; });
 
 TEST_F(PassListTest, AsksTheClockForItsOffsetAtEachCall) {
-    setSite(30.0, 275.0, 0.0);
-    const double start = packDateTime({2026, 8, 21, 12, 0, 0});
+    const auto firstRise = [](OrbitEngine& asked) {
+        asked.EngineSetLatitude(30.0);
+        asked.EngineSetLongitude(275.0);
+        const double start = packDateTime({2026, 8, 21, 12, 0, 0});
+        return recordsOf(asked.EnginePassList("GOES 19", start, 1, 1, 0, 0)).front().rise;
+    };
     clock.setUtc({2026, 8, 21, 12, 0, 0}, 0);
-    EXPECT_EQ(recordsOf(engine.EnginePassList("GOES 19", start, 1, 1, 0, 0)).front().rise, "20260821000000");
+    EXPECT_EQ(firstRise(engine), "20260821000000");
     clock.setUtc({2026, 8, 21, 12, 0, 0}, 60);
-    EXPECT_EQ(recordsOf(engine.EnginePassList("GOES 19", start, 1, 1, 0, 0)).front().rise, "20260820230000");
+    EXPECT_EQ(firstRise(engine), "20260820230000");
     OrbitEngine withoutClock;
     withoutClock.EngineSetKepPath(shippedFolder().string());
-    withoutClock.EngineSetLatitude(30.0);
-    withoutClock.EngineSetLongitude(275.0);
-    EXPECT_EQ(recordsOf(withoutClock.EnginePassList("GOES 19", start, 1, 1, 0, 0)).front().rise,
-              "20260821000000");
-}
-
-TEST_F(PassListTest, OfASatelliteThatNeverRisesIsEmpty) {
-    setSite(30.0, 95.0, 0.0);
-    EXPECT_EQ(engine.EnginePassList("GOES 19", packDateTime({2026, 8, 21, 12, 0, 0}), 1, 4, 0, 0), "");
+    EXPECT_EQ(firstRise(withoutClock), "20260821000000");
 }
 
 }  // namespace

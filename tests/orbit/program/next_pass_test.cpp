@@ -1,12 +1,10 @@
 #include "orbit/next_pass.h"
 
-#include "core/date_time.h"
 #include "core/error_label.h"
 #include "core/labels.h"
 #include "core/numbers.h"
 #include "core/texts.h"
 #include "tests/orbit/program/program_test.h"
-#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {
@@ -14,16 +12,25 @@ namespace {
 const double noon = packDateTime({2026, 8, 21, 12, 0, 0});
 constexpr double secondDays = 1.0 / 86400.0;
 
-class NextPassRecordTest : public ProgramTest {
+class NextPassTest : public ProgramTest {
   protected:
     std::string next(std::string_view list) {
         const auto record = nextPassRecord(list, noon, label);
         return record ? record->text : "none";
     }
+    void ask(std::string_view name) { NextPass(state, services, name, rise, length, elevation); }
+    double rawRise(std::string_view name) {
+        double utc = 0.0;
+        NextPassRAW(state, services, name, utc);
+        return utc;
+    }
+
+    const double never = packDateTime({9999, 1, 1, 23, 59, 59});
     ErrorLabel label{services, labels::globalNextPass};
+    std::string rise = "rise", length = "length", elevation = "elevation";
 };
 
-TEST_F(NextPassRecordTest, IsTheFirstThatRisesLaterThanNow) {
+TEST_F(NextPassTest, TheRecordIsTheFirstThatRisesLaterThanNow) {
     EXPECT_EQ(next("20260821115959 1 2 3 4,20260821120000 1 2 3 4,20260821120001 5 6 7 8,20260822000000 9"),
               "20260821120001 5 6 7 8");
     const auto record = nextPassRecord("20260821120001 5 6 7 8", noon, label);
@@ -31,34 +38,25 @@ TEST_F(NextPassRecordTest, IsTheFirstThatRisesLaterThanNow) {
     EXPECT_NEAR(record->riseUtc, noon + secondDays, 1e-9);
 }
 
-TEST_F(NextPassRecordTest, TheTwentiethIsKeptWhenAllArePast) {
+TEST_F(NextPassTest, TheTwentiethIsKeptWhenAllArePast) {
     std::string list;
     for (int record = 1; record <= 25; ++record) {
         list += "202608" + formatNumber(record, "00") + "000000 " + std::to_string(record) + ",";
     }
     EXPECT_EQ(nextPassRecord(list, packDateTime({2026, 9, 1, 0, 0, 0}), label)->text, "20260820000000 20");
     EXPECT_EQ(next(list), "20260820000000 20") << "the 22nd would be later than now";
-}
-
-TEST_F(NextPassRecordTest, AShortListOfPastPassesIsReadOverAgain) {
+    // A short list is read over again.
     EXPECT_EQ(next("20260801000000 1,20260802000000 2,20260803000000 3"), "20260802000000 2")
         << "word 20 of three";
 }
 
-TEST_F(NextPassRecordTest, RecordsWithoutADateAreLoggedAndPassedOver) {
+TEST_F(NextPassTest, RecordsWithoutADateAreLoggedAndPassedOver) {
     EXPECT_EQ(next("20260801000000 1,garbage,2026082112000x 2,-0260821120001 3,20260822000000 4"),
               "20260822000000 4");
     EXPECT_EQ(fakes.logged(labels::globalNextPass), 3);
     EXPECT_EQ(next("garbage"), "none");
     EXPECT_EQ(next("99999999999999 1"), "none");
 }
-
-class NextPassTest : public ProgramTest {
-  protected:
-    void ask(std::string_view name) { NextPass(state, services, name, rise, length, elevation); }
-
-    std::string rise = "rise", length = "length", elevation = "elevation";
-};
 
 TEST_F(NextPassTest, AgreesWithTheEnginesNextRiseAndSet) {
     ask("ISS (ZARYA)");
@@ -83,12 +81,11 @@ TEST_F(NextPassTest, AgreesWithTheEnginesNextRiseAndSet) {
 
 TEST_F(NextPassTest, RawGivesTheSameRiseAsALocalDate) {
     ask("FUNCUBE-1 (AO-73)");
-    double rawRise = 0.0;
-    NextPassRAW(state, services, "FUNCUBE-1 (AO-73)", rawRise);
-    const DateParts parts = dateParts(rawRise);
+    const double raw = rawRise("FUNCUBE-1 (AO-73)");
+    const DateParts parts = dateParts(raw);
     EXPECT_EQ(TimeText(parts.hour, parts.minute, parts.second), rise);
-    EXPECT_GT(rawRise, NowLocal(services.clock));
-    EXPECT_LT(rawRise, NowLocal(services.clock) + 1.0);
+    EXPECT_GT(raw, NowLocal(services.clock));
+    EXPECT_LT(raw, NowLocal(services.clock) + 1.0);
 }
 
 TEST_F(NextPassTest, ASatelliteThatNeverSetsPassesForADayAtATime) {
@@ -103,9 +100,7 @@ TEST_F(NextPassTest, WithoutAPassTheRiseIsThePresentDateAndTheRestStays) {
     EXPECT_EQ(rise, "2026-08-21 22:00:00");
     EXPECT_EQ(length, "length");
     EXPECT_EQ(elevation, "elevation");
-    double rawRise = 0.0;
-    NextPassRAW(state, services, "INTELSAT 10-02", rawRise);
-    EXPECT_EQ(rawRise, packDateTime({9999, 1, 1, 23, 59, 59}));
+    EXPECT_EQ(rawRise("INTELSAT 10-02"), never);
     EXPECT_TRUE(fakes.logLines().empty());
 }
 
@@ -115,9 +110,7 @@ TEST_F(NextPassTest, AFailingEngineIsLoggedAndCountsAsNoPass) {
     EXPECT_EQ(length, "length");
     EXPECT_EQ(fakes.logged(labels::globalNextPass), 1);
     state.OrbitEngine.reset();
-    double rawRise = 0.0;
-    NextPassRAW(state, services, "ISS (ZARYA)", rawRise);
-    EXPECT_EQ(rawRise, packDateTime({9999, 1, 1, 23, 59, 59}));
+    EXPECT_EQ(rawRise("ISS (ZARYA)"), never);
     EXPECT_EQ(fakes.logged(labels::globalNextPassRAW), 1);
 }
 

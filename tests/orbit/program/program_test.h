@@ -1,6 +1,7 @@
 // What the tests of the program's orbit logic share: an engine over a program folder with real element sets.
 #pragma once
 
+#include "core/date_time.h"
 #include "core/program_state.h"
 #include "orbit/orbit_engine.h"
 #include "tests/support/test_services.h"
@@ -8,7 +9,7 @@
 
 namespace vantrace {
 
-// Element sets as CelesTrak publishes them.
+// Element sets as CelesTrak publishes them; the epochs lie in August 2026.
 inline constexpr std::string_view testElements =
     "ISS (ZARYA)             \r\n"
     "1 25544U 98067A   26233.53315667  .00008864  00000+0  16558-3 0  9995\r\n"
@@ -19,6 +20,8 @@ inline constexpr std::string_view testElements =
     "INTELSAT 10-02          \r\n"
     "1 28358U 04022A   26217.94243684 -.00000005  00000+0  00000+0 0  9996\r\n"
     "2 28358   0.0583 263.4019 0000446 321.0612  68.2973  1.00271396 81056\r\n";
+inline constexpr std::string_view stationElements = testElements.substr(0, testElements.find("INTELSAT"));
+inline constexpr std::string_view geostationaryElements = testElements.substr(stationElements.size());
 
 class ProgramTest : public ::testing::Test {
   protected:
@@ -41,6 +44,17 @@ class ProgramTest : public ::testing::Test {
         engine->EngineSetHeight(state.ObserverHeight);
         return engine;
     }
+    void addFavourite(std::string_view name, double elevation = 0) {
+        FavouriteRecord& favourite = state.Favourites[++state.FavouriteCount];
+        favourite.Name = name;
+        favourite.Elevation = elevation;
+    }
+    /// Where the engine sees an object at a UTC date and time, from where its observer is.
+    TrackResult seenAt(std::string_view name, const DateParts& utc) const {
+        return state.OrbitEngine->EngineTrack(name, state.OrbitEngine->EngineJulianDate(packDateTime(utc)), 0,
+                                              0);
+    }
+    static constexpr double inDegrees(double radians) { return radians * 180.0 / std::numbers::pi; }
 
     TestServices fakes;
     Services& services = fakes.services;

@@ -4,28 +4,20 @@
 #include "core/labels.h"
 #include "core/numbers.h"
 #include "tests/orbit/program/program_test.h"
-#include "tests/support/testing.h"
+#include "tests/support/fake_window.h"
 
 namespace vantrace {
 namespace {
 
 const std::string station = "ISS (ZARYA)";
 
-constexpr double inDegrees(double radians) {
-    return radians * 180.0 / std::numbers::pi;
-}
-
-class WindowOnScreen final : public RegisteredWindow {
-  public:
-    void load() override {}
-    void show() override {}
-    void hide() override {}
-    bool isOnScreen() const override { return true; }
-};
-
 class SatcalcTest : public ProgramTest {
   protected:
-    SatcalcTest() { state.PrimarySatName = station; }
+    SatcalcTest() {
+        state.PrimarySatName = station;
+        registerFake(services.windows, "PassPrediction", passPrediction);
+    }
+    ~SatcalcTest() override { services.windows.close(); }
 
     /// The minutes count from 2026-08-21 22:00 local time, 20:00 UTC.
     void calculate(const std::string& name, bool primary, int minutes = 0) {
@@ -41,10 +33,8 @@ class SatcalcTest : public ProgramTest {
     TrackResult expected(const std::string& name, int minutes = 0) const {
         return newEngine()->EngineTrack(name, engineTime(minutes), 0, 0);
     }
-    void putPassPredictionOnScreen() {
-        services.windows.registerWindow("PassPrediction", [] { return std::make_unique<WindowOnScreen>(); });
-        services.windows.refer("PassPrediction");
-    }
+
+    WindowScript passPrediction;
 };
 
 TEST_F(SatcalcTest, GivesTheEnginesPositionInDegreesAndWestLongitude) {
@@ -105,17 +95,14 @@ TEST_F(SatcalcTest, OnlyAPrimaryCallForTheSelectedSatelliteLooksAtLightAndNextPa
     EXPECT_EQ(state.SatNextAOS.size(), 8U);
     EXPECT_NE(state.SatNextDuration, "");
     EXPECT_NE(state.SatNextMaxElevation, "");
-}
-
-TEST_F(SatcalcTest, PassPredictionOnScreenKeepsTheNextPass) {
-    putPassPredictionOnScreen();
+    services.windows.show("PassPrediction");
     state.SatNextAOS = "before";
     calculate(station, true);
-    EXPECT_EQ(state.SatNextAOS, "before");
+    EXPECT_EQ(state.SatNextAOS, "before") << "the predictions' window keeps it";
 }
 
 TEST_F(SatcalcTest, LightAndVisibilityFollowTheSunAtSatelliteAndObserver) {
-    putPassPredictionOnScreen();
+    services.windows.show("PassPrediction");
     int visible = 0;
     int eclipsedInTwilight = 0;
     auto atSatellite = newEngine();
@@ -137,16 +124,12 @@ TEST_F(SatcalcTest, LightAndVisibilityFollowTheSunAtSatelliteAndObserver) {
     EXPECT_GT(eclipsedInTwilight, 0);
 }
 
-TEST_F(SatcalcTest, TheObserverIsPutBack) {
+TEST_F(SatcalcTest, AFailureIsLoggedAndKeepsTheFieldsAndTheObserverIsAlwaysPutBack) {
     calculate(station, true);
     EXPECT_EQ(state.OrbitEngine->EngineGetLongitude(), 5.0);
     const TrackResult here = state.OrbitEngine->EngineTrack("moon", engineTime(), 0, 0);
     EXPECT_EQ(here.azimuthRad, expected("moon").azimuthRad);
     EXPECT_EQ(here.rangeKm, expected("moon").rangeKm);
-}
-
-TEST_F(SatcalcTest, AFailureIsLoggedAndKeepsTheFieldsAndTheObserver) {
-    calculate(station, true);
     const double longitude = state.SatLongitude;
     const double range = state.SatRange;
     state.PrimarySatName = "NO SUCH SATELLITE";
@@ -159,15 +142,14 @@ TEST_F(SatcalcTest, AFailureIsLoggedAndKeepsTheFieldsAndTheObserver) {
 
 TEST_F(SatcalcTest, WithoutAnEngineOnlyTheLogTells) {
     calculate(station, true);
-    const double longitude = state.SatLongitude;
-    const std::string orbitNumber = state.SatOrbitNumber;
-    const std::string phase360 = state.SatPhase360;
+    const auto fields = [&] {
+        return std::tuple(state.SatLongitude, state.SatOrbitNumber, state.SatPhase360);
+    };
+    const auto before = fields();
     state.OrbitEngine.reset();
     calculate(station, true);
     EXPECT_GT(fakes.logged(labels::globalSatcalc), 5) << "one line for each statement that failed";
-    EXPECT_EQ(state.SatLongitude, longitude);
-    EXPECT_EQ(state.SatOrbitNumber, orbitNumber);
-    EXPECT_EQ(state.SatPhase360, phase360);
+    EXPECT_EQ(fields(), before);
 }
 
 }  // namespace

@@ -4,7 +4,6 @@
 #include "core/labels.h"
 #include "core/rich_text.h"
 #include "tests/orbit/program/program_test.h"
-#include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {
@@ -12,31 +11,20 @@ namespace {
 class UpcomingPasses : public ProgramTest {
   protected:
     UpcomingPasses() { fakes.settings.set("Speechpack", "1"); }
-    void addFavourite(std::string_view name, double elevation) {
-        FavouriteRecord& favourite = state.Favourites[++state.FavouriteCount];
-        favourite.Name = name;
-        favourite.Elevation = elevation;
-    }
     void update(bool speak = false) { UpdateQuickETA(panel, speak, state, services); }
-    double now() const { return packDateTime({2026, 8, 21, 20, 0, 0}); }
+    double riseOf(std::string_view name) const {
+        return state.OrbitEngine->EngineNextAOS(name, packDateTime({2026, 8, 21, 20, 0, 0}));
+    }
+    double setOf(std::string_view name, double after) const {
+        return state.OrbitEngine->EngineNextLOS(name, after);
+    }
     std::string localClock(double utc) const {
         const DateParts parts = dateParts(ToLocal(fakes.clock, utc));
-        const auto digits = [](int value) { return (value < 10 ? "0" : "") + std::to_string(value); };
-        return digits(parts.hour) + ":" + digits(parts.minute);
+        return TimeText(parts.hour, parts.minute, 0).substr(0, 5);
     }
     /// Sets the clock so that a time is that many seconds ahead.
     void goTo(double utc, int secondsBefore) {
         fakes.clock.setUtc(dateParts(utc - secondsBefore / 86400.0), 120);
-    }
-    Texts lines() const {
-        Texts result;
-        std::string rest = panel.plainText();
-        while (!rest.empty()) {
-            const std::size_t end = rest.find('\n');
-            result.push_back(rest.substr(0, end));
-            rest.erase(0, end == std::string::npos ? end : end + 1);
-        }
-        return result;
     }
 
     RichText panel;
@@ -55,8 +43,8 @@ TEST_F(UpcomingPasses, AWaitingPassHasItsRiseAndTheSetOfThatVeryPass) {
     addFavourite("ISS (ZARYA)", -10);
     update();
     // Of two that wait the unused row pushes the later one out.
-    const double rise = state.OrbitEngine->EngineNextAOS("ISS (ZARYA)", now());
-    const double set = state.OrbitEngine->EngineNextLOS("ISS (ZARYA)", rise);
+    const double rise = riseOf("ISS (ZARYA)");
+    const double set = setOf("ISS (ZARYA)", rise);
     ASSERT_EQ(panel.parts.size(), 5U);
     EXPECT_EQ(panel.parts[2], (RichText::Part{0xFFFF00, "ISS (ZARYA)   \t"}));
     EXPECT_EQ(panel.parts[3], (RichText::Part{0x80FFFF, localClock(rise) + "   "}));
@@ -70,7 +58,7 @@ TEST_F(UpcomingPasses, OneInRangeAtExactlyZeroDegreesComesFirstInGreen) {
     ASSERT_EQ(panel.parts.size(), 5U) << "the waiting one is pushed out by the unused row";
     EXPECT_EQ(panel.parts[2], (RichText::Part{0x00FF00, "ISS (ZARYA)   \t"}));
     EXPECT_EQ(panel.parts[3], (RichText::Part{0x80FFFF, "NOW     "}));
-    EXPECT_EQ(panel.parts[4].text, localClock(state.OrbitEngine->EngineNextLOS("ISS (ZARYA)", now())) + "\n");
+    EXPECT_EQ(panel.parts[4].text, localClock(setOf("ISS (ZARYA)", NowUTC(fakes.clock))) + "\n");
 }
 
 TEST_F(UpcomingPasses, OfThreeThatWaitTheLastToRiseIsNotShown) {
@@ -79,42 +67,35 @@ TEST_F(UpcomingPasses, OfThreeThatWaitTheLastToRiseIsNotShown) {
     addFavourite("NO SUCH SATELLITE", -1);
     update();
     // The unknown one has the times of the one before it.
-    const double iss = state.OrbitEngine->EngineNextAOS("ISS (ZARYA)", now());
-    const double cube = state.OrbitEngine->EngineNextAOS("FUNCUBE-1 (AO-73)", now());
-    const Texts rows = lines();
-    ASSERT_EQ(rows.size(), 4U);
-    const auto riseOf = [](const std::string& row) { return row.substr(15, 5); };
-    EXPECT_EQ(riseOf(rows[2]), localClock(std::min(iss, cube)));
-    EXPECT_EQ(riseOf(rows[3]), localClock(cube));
+    const double cube = riseOf("FUNCUBE-1 (AO-73)");
+    ASSERT_EQ(panel.parts.size(), 8U);
+    EXPECT_EQ(panel.parts[3].text, localClock(std::min(riseOf("ISS (ZARYA)"), cube)) + "   ");
+    EXPECT_EQ(panel.parts[6].text, localClock(cube) + "   ");
     EXPECT_EQ(fakes.logged(labels::globalUpdateQuickETA), 2);
 }
 
 TEST_F(UpcomingPasses, WithinAQuarterOfAnHourItTurnsRedAndIsAnnouncedFromItsCutName) {
-    const double rise = state.OrbitEngine->EngineNextAOS("FUNCUBE-1 (AO-73)", now());
+    const double rise = riseOf("FUNCUBE-1 (AO-73)");
     addFavourite("FUNCUBE-1 (AO-73)", -1);
     addFavourite("FUNCUBE-1 (AO-73)", -1);
-    struct Case {
-        int seconds;
-        Colour colour;
-        Texts spoken;
-    };
-    const std::string name = "FUNCUBE 1 (AO ";
-    for (const Case& expected : {Case{15 * 60 + 5, 0xFFFF00, {}},
-                                 Case{14 * 60 + 40, 0x0000FF, {name + " will be in range in 14 minutes"}},
-                                 Case{75, 0x0000FF, {name + " will be in range in 1 minute"}},
-                                 Case{20, 0x0000FF, {name + " will be in range in Less than a minute"}}}) {
-        goTo(rise, expected.seconds);
+    for (const auto& [seconds, wait] : {std::pair(15 * 60 + 5, ""),
+                                        {14 * 60 + 40, "14 minutes"},
+                                        {75, "1 minute"},
+                                        {20, "Less than a minute"}}) {
+        goTo(rise, seconds);
         fakes.speech.texts.clear();
         update(true);
         ASSERT_EQ(panel.parts.size(), 5U);
-        EXPECT_EQ(panel.parts[2], (RichText::Part{expected.colour, "FUNCUBE-1 (AO-\t"}));
-        EXPECT_EQ(fakes.speech.texts, expected.spoken);
+        const bool isFar = seconds > 15 * 60;
+        EXPECT_EQ(panel.parts[2], (RichText::Part{isFar ? 0xFFFF00U : 0x0000FFU, "FUNCUBE-1 (AO-\t"}));
+        const std::string words = std::string("FUNCUBE 1 (AO  will be in range in ") + wait;
+        EXPECT_EQ(fakes.speech.texts, isFar ? Texts{} : Texts{words});
     }
 }
 
 TEST_F(UpcomingPasses, OneThatSetsWithinThreeMinutesOfAnyHourIsAnnounced) {
-    const double rise = state.OrbitEngine->EngineNextAOS("ISS (ZARYA)", now());
-    const double set = state.OrbitEngine->EngineNextLOS("ISS (ZARYA)", rise);
+    const double rise = riseOf("ISS (ZARYA)");
+    const double set = setOf("ISS (ZARYA)", rise);
     addFavourite("ISS (ZARYA)", 10);
     goTo(set, 170);
     update(true);
@@ -183,7 +164,7 @@ TEST_F(UpcomingPasses, ASecondRunInsideTheFirstDoesNothing) {
 }
 
 TEST_F(UpcomingPasses, AtTheTablesEndTheRowBehindItIsLoggedAtEachComparison) {
-    for (int i = 0; i < 500; ++i) addFavourite("", 0);
+    for (int i = 0; i < 500; ++i) addFavourite("");
     // Yields are counted, not served: a quarter of a million of them.
     update();
     // 500 lines of the log are less than its limit.

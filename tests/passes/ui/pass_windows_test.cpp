@@ -11,51 +11,44 @@
 #include <QStackedWidget>
 #include <QTreeView>
 
-#include "catalogue/favourites.h"
-#include "catalogue/groups.h"
-#include "core/program_state.h"
-#include "orbit/orbit_engine.h"
 #include "passes/job_file.h"
 #include "passes/ui/pass_prediction_window.h"
 #include "passes/ui/pass_wizard_window.h"
-#include "tests/support/fake_window.h"
-#include "tests/support/testing.h"
-#include "tests/support_qt/window_test.h"
+#include "tests/support_qt/view_program.h"
 
 namespace vantrace {
 namespace {
 
-class PassWindowsTest : public ::testing::Test {
+class PassWindowsTest : public ::testing::Test, public ViewProgram {
   protected:
     PassWindowsTest() {
-        std::filesystem::copy(VANTRACE_SHIPPED_FOLDER, fakes.folder.path());
         fakes.folder.write(
             "pass.dat",
             "Radio\r\nISS (ZARYA);\r\nOSCAR 7 (AO-7);\r\n2\r\n1\r\n0\r\nOther\r\nHST;\r\n1\r\n0\r\n0\r\n");
-        fakes.clock.setUtc({2026, 8, 23, 10, 30, 0}, 120);
-        state.AppPath = fakes.folder.appPath();
-        state.MainTag = "passprediction";
-        state.ObserverLatitude = 48.21;
-        state.ObserverLongitude = 343.63;
-        state.OrbitEngine = std::make_shared<OrbitEngine>(&fakes.clock);
-        state.OrbitEngine->EngineSetKepPath(state.AppPath);
-        state.OrbitEngine->EngineSetLatitude(48.21);
-        state.OrbitEngine->EngineSetLongitude(16.37);
-        LoadGroups(state);
-        LoadFavourites(state);
-        WindowRegistry& windows = fakes.windows;
-        registerFake(windows, "Main", m_main);
-        windows.registerWindow("PassPrediction", [this] {
-            return std::make_unique<PassPrediction>(fakes.host, state, fakes.withHost);
+        fakes.windows.registerWindow("PassPrediction", [this] {
+            return std::make_unique<PassPrediction>(fakes.host, state, services);
         });
-        windows.registerWindow(
-            "PassWizard", [this] { return std::make_unique<PassWizard>(fakes.host, state, fakes.withHost); });
+        fakes.windows.registerWindow(
+            "PassWizard", [this] { return std::make_unique<PassWizard>(fakes.host, state, services); });
     }
 
     PassPrediction* open() {
-        fakes.windows.show("PassPrediction");
-        return windowOnScreen<PassPrediction>();
+        if (windowOnScreen<Main>() == nullptr) start();
+        choose(windowOnScreen<Main>(), "Mpass");
+        auto* const window = windowOnScreen<PassPrediction>();
+        EXPECT_NE(window, nullptr);
+        return window;
     }
+    /// The wizard over the job of that number.
+    PassWizard* edit(PassPrediction* window, int job) {
+        select(window, "ListPresets", job);
+        click(window, "BUTeditjob");
+        settle();
+        auto* const wizard = windowOnScreen<PassWizard>();
+        EXPECT_NE(wizard, nullptr);
+        return wizard;
+    }
+    Texts jobsOfFile() const { return jobNames(fakes.folder.read("pass.dat")); }
     static void click(QWidget* window, const char* button) {
         QTest::mouseClick(childOf<QPushButton>(window, button), Qt::LeftButton);
     }
@@ -83,30 +76,17 @@ class PassWindowsTest : public ::testing::Test {
         }
         return texts;
     }
-    static int resultCount(QWidget* window) {
-        return childOf<QTreeView>(window, "LISTpasses")->model()->rowCount();
+    static QAbstractItemModel* results(QWidget* window) {
+        return childOf<QTreeView>(window, "LISTpasses")->model();
     }
+    static int resultCount(QWidget* window) { return results(window)->rowCount(); }
     static std::string result(QWidget* window, int row, int column) {
-        return childOf<QTreeView>(window, "LISTpasses")
-            ->model()
-            ->index(row, column)
-            .data()
-            .toString()
-            .toStdString();
+        return results(window)->index(row, column).data().toString().toStdString();
     }
-
-  private:
-    // Before the registry, which destroys the windows.
-    WindowScript m_main;
-
-  protected:
-    WindowTestServices fakes;
-    ProgramState state;
 };
 
 TEST_F(PassWindowsTest, CalculatesWhatIsPickedAndAsksAnew) {
     PassPrediction* const window = open();
-    ASSERT_NE(window, nullptr);
     EXPECT_EQ(window->windowTitle().toStdString(), "Vantrace - Satellite Pass Predictions");
     EXPECT_EQ(childOf<QCalendarWidget>(window, "Calendar")->selectedDate(), QDate(2026, 8, 23));
     EXPECT_EQ(shownText(window, "Groupname"), "Select Satellite Group");
@@ -140,9 +120,9 @@ TEST_F(PassWindowsTest, CalculatesWhatIsPickedAndAsksAnew) {
     click(window, "BUTclearResults");
     EXPECT_EQ(resultCount(window), 0);
     click(window, "BUTexit");
-    QTest::qWait(1);
+    settle();
     EXPECT_FALSE(fakes.windows.isLoaded("PassPrediction"));
-    EXPECT_TRUE(fakes.windows.isOnScreen("Main"));
+    EXPECT_NE(windowOnScreen<Main>(), nullptr);
 }
 
 /// The texts of a window, by the names of their controls.
@@ -167,10 +147,9 @@ TEST_F(PassWindowsTest, SaysWhatItsControlsAreFor) {
                          {"PresetAdd", "Add New Job"},
                          {"BUTeditjob", "Edit Selected Job"},
                          {"PresetDelete", "Delete Selected Job"}});
-    const auto* const model = childOf<QTreeView>(window, "LISTpasses")->model();
     Texts headings;
-    for (int column = 0; column < model->columnCount(); ++column) {
-        headings.push_back(model->headerData(column, Qt::Horizontal).toString().toStdString());
+    for (int column = 0; column < results(window)->columnCount(); ++column) {
+        headings.push_back(results(window)->headerData(column, Qt::Horizontal).toString().toStdString());
     }
     EXPECT_EQ(headings, (Texts{"Satellite", "Date", "Time", "Start AZ", "Max Elevation", "Duration", "End Az",
                                "Sunlit", "Visible"}));
@@ -204,16 +183,15 @@ TEST_F(PassWindowsTest, TheMarkedDayCountsOnEveryPageOfTheCalendar) {
     click(window, "BUTmin");
     EXPECT_TRUE(window->isMinimized());
     window->close();
-    QTest::qWait(1);
+    settle();
     EXPECT_FALSE(fakes.windows.isLoaded("PassPrediction"));
-    EXPECT_TRUE(fakes.windows.isOnScreen("Main")) << "by its frame, too";
+    EXPECT_NE(windowOnScreen<Main>(), nullptr) << "by its frame, too";
 }
 
 TEST_F(PassWindowsTest, WithoutAReadableFileOfJobsItOpensAndTells) {
     std::filesystem::remove(fakes.folder.path() / "pass.dat");
     std::filesystem::create_directory(fakes.folder.path() / "pass.dat");
     PassPrediction* const window = open();
-    ASSERT_NE(window, nullptr);
     EXPECT_EQ(fakes.dialogs.messages.size(), 1U);
     EXPECT_TRUE(entries(window, "ListPresets").empty());
 }
@@ -253,10 +231,7 @@ TEST_F(PassWindowsTest, RunsAJobSortsSavesAndPrints) {
 
 TEST_F(PassWindowsTest, AJobIsEditedInTheWizardAndComesBackAtTheEnd) {
     PassPrediction* const window = open();
-    select(window, "ListPresets", 0);
-    click(window, "BUTeditjob");
-    PassWizard* const wizard = windowOnScreen<PassWizard>();
-    ASSERT_NE(wizard, nullptr);
+    PassWizard* const wizard = edit(window, 0);
     EXPECT_EQ(wizard->windowTitle().toStdString(), "Pass Prediction Job Wizard");
     EXPECT_EQ(wizard->focusWidget(), childOf<QLineEdit>(wizard, "Tname"));
     EXPECT_EQ(textOf(wizard, "Tname"), "Radio");
@@ -265,7 +240,7 @@ TEST_F(PassWindowsTest, AJobIsEditedInTheWizardAndComesBackAtTheEnd) {
     EXPECT_FALSE(childOf<QCheckBox>(wizard, "CHprint")->isChecked());
     EXPECT_EQ(entries(wizard, "SatList"), (Texts{"ISS (ZARYA)", "OSCAR 7 (AO-7)"}));
     EXPECT_EQ(entries(window, "ListPresets"), Texts{"Other"});
-    EXPECT_EQ(jobNames(fakes.folder.read("pass.dat")), Texts{"Other"});
+    EXPECT_EQ(jobsOfFile(), Texts{"Other"});
 
     pick(wizard, "COMgroup", "Space Stations");
     pick(wizard, "COMsatname", "CSS (TIANHE)");
@@ -275,7 +250,7 @@ TEST_F(PassWindowsTest, AJobIsEditedInTheWizardAndComesBackAtTheEnd) {
     QTest::keyClicks(childOf<QLineEdit>(wizard, "Tname"), " 2");
     savePicture(*wizard, "pass-wizard");
     click(wizard, "BUTSaveJob");
-    QTest::qWait(1);
+    settle();
     EXPECT_EQ(windowOnScreen<PassWizard>(), nullptr);
     EXPECT_EQ(entries(window, "ListPresets"), (Texts{"Other", "Radio 2"}));
     EXPECT_TRUE(fakes.folder.read("pass.dat")
@@ -284,17 +259,13 @@ TEST_F(PassWindowsTest, AJobIsEditedInTheWizardAndComesBackAtTheEnd) {
 
 TEST_F(PassWindowsTest, ASecondJobIsEditedOnlyWhenTheFirstIsGivenUp) {
     PassPrediction* const window = open();
-    select(window, "ListPresets", 0);
-    click(window, "BUTeditjob");
-    select(window, "ListPresets", 0);
-    click(window, "BUTeditjob");
+    edit(window, 0);
+    PassWizard* const first = edit(window, 0);
     EXPECT_EQ(fakes.dialogs.titles, Texts{"Cancel Job"});
-    EXPECT_EQ(textOf(windowOnScreen<PassWizard>(), "Tname"), "Radio");
-    EXPECT_EQ(jobNames(fakes.folder.read("pass.dat")), Texts{"Other"});
+    EXPECT_EQ(textOf(first, "Tname"), "Radio");
+    EXPECT_EQ(jobsOfFile(), Texts{"Other"});
     fakes.dialogs.saysYes = true;
-    click(window, "BUTeditjob");
-    QTest::qWait(1);
-    PassWizard* const wizard = windowOnScreen<PassWizard>();
+    PassWizard* const wizard = edit(window, 0);
     EXPECT_EQ(textOf(wizard, "Tname"), "Other");
     EXPECT_EQ(entries(wizard, "SatList").size(), 1U) << "none of the first job's";
 }
@@ -305,9 +276,11 @@ TEST_F(PassWindowsTest, TheWizardOutlivesItsParentAndAsksBeforeItGoes) {
     PassWizard* const wizard = windowOnScreen<PassWizard>();
     ASSERT_NE(wizard, nullptr);
     click(window, "BUTexit");
-    QTest::qWait(1);
+    settle();
     ASSERT_FALSE(fakes.windows.isLoaded("PassPrediction"));
     wizard->close();
+    wizard->activateWindow();  // `Main` has come to the front
+    settle();
     QTest::keyClick(wizard, Qt::Key_Escape);
     EXPECT_EQ(fakes.dialogs.titles, Texts(2, "Cancel Job"));
     ASSERT_NE(windowOnScreen<PassWizard>(), nullptr);
@@ -318,10 +291,10 @@ TEST_F(PassWindowsTest, TheWizardOutlivesItsParentAndAsksBeforeItGoes) {
     pick(wizard, "COMsatname", "ISS (ZARYA)");
     click(wizard, "BUTadd");
     click(wizard, "BUTSaveJob");
-    QTest::qWait(1);
+    settle();
     EXPECT_EQ(windowOnScreen<PassWizard>(), nullptr);
     EXPECT_FALSE(fakes.windows.isLoaded("PassPrediction")) << "no window is made for the item";
-    EXPECT_EQ(jobNames(fakes.folder.read("pass.dat")), (Texts{"Radio", "Other", "Late"}));
+    EXPECT_EQ(jobsOfFile(), (Texts{"Radio", "Other", "Late"}));
     fakes.dialogs.saysYes = true;
     fakes.windows.show("PassWizard");
     click(windowOnScreen<PassWizard>(), "BUTcancel");
@@ -330,7 +303,7 @@ TEST_F(PassWindowsTest, TheWizardOutlivesItsParentAndAsksBeforeItGoes) {
 
 /// Whether all texts of a window's buttons and labels have their room, and nothing needs to be scrolled.
 void expectRoomForTexts(QWidget* window) {
-    QTest::qWait(1);
+    ViewProgram::settle();
     for (const QPushButton* const button : window->findChildren<QPushButton*>()) {
         EXPECT_GE(button->width(), button->minimumSizeHint().width()) << button->objectName().toStdString();
         EXPECT_GE(button->height(), button->minimumSizeHint().height()) << button->objectName().toStdString();
@@ -356,7 +329,7 @@ TEST_F(PassWindowsTest, WithoutTheSkinAndInBothLooksEverythingHasItsPlace) {
         }
         fakes.windows.unload("PassWizard");
         fakes.windows.unload("PassPrediction");
-        QTest::qWait(1);
+        settle();
     }
 }
 

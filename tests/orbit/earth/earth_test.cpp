@@ -1,12 +1,86 @@
-// Look angles from first principles: the test puts an object where it must be seen.
-#include "orbit/earth/look_angles.h"
-
 #include "orbit/earth/earth_rotation.h"
+#include "orbit/earth/geodesy.h"
+#include "orbit/earth/look_angles.h"
 #include "orbit/elements/element_set.h"
 #include "tests/support/testing.h"
 
 namespace vantrace {
 namespace {
+
+// Meeus, "Astronomical Algorithms", 2nd ed. (1998), examples 12.a and 12.b.
+TEST(EarthRotation, SiderealTimeIsThatOfThePublishedExamples) {
+    const auto secondsAt = [](int hour, int minute) {
+        return greenwichMeanSiderealTime(instantFromCalendar({1987, 4, 10, hour, minute, 0.0})) / twoPi *
+               secondsPerDay;
+    };
+    EXPECT_NEAR(secondsAt(0, 0), 13 * 3600.0 + 10 * 60.0 + 46.3668, 6e-5);
+    EXPECT_NEAR(secondsAt(19, 21), 8 * 3600.0 + 34 * 60.0 + 57.0896, 6e-5);
+}
+
+TEST(EarthRotation, SiderealTimeRunsAtItsPublishedRateWithoutASeam) {
+    for (const int year : {1957, 2000, 2026, 2056}) {
+        const Instant start = instantFromCalendar({year, 3, 1, 23, 59, 0.0});
+        const double before = greenwichMeanSiderealTime(start);
+        for (const double seconds : {1e-4, 1.0, 59.5, 60.0, 61.0, 3600.0, 43200.0}) {
+            const double after = greenwichMeanSiderealTime(plusSeconds(start, seconds));
+            EXPECT_TRUE(after >= 0.0 && after < twoPi);
+            const double turned = std::remainder(after - before - earthRotationRadPerS * seconds, twoPi);
+            EXPECT_NEAR(turned, 0.0, seconds < 1.0 ? 1e-12 : 2e-9) << year << " after " << seconds;
+        }
+    }
+}
+
+void expectRoundTrip(const GeodeticPoint& point) {
+    SCOPED_TRACE(std::to_string(point.latitudeRad) + " rad, " + std::to_string(point.heightKm) + " km");
+    const GeodeticFoot foot = geodeticFoot(earthFixedPosition(point));
+    EXPECT_NEAR(foot.heightKm, point.heightKm, 1e-6 + 1e-14 * point.heightKm);
+    EXPECT_NEAR(std::atan2(foot.sinLatitude, foot.cosLatitude), point.latitudeRad, 1e-9);
+    EXPECT_NEAR(std::hypot(foot.sinLatitude, foot.cosLatitude), 1.0, 1e-15);
+}
+
+TEST(Geodesy, PositionsComeBackFromPoleToPoleAtAnyHeight) {
+    for (const double heightKm :
+         {-10.0, -1.0, 0.0, 0.002, 8.8, 100.0, 400.0, 2e3, 20200.0, 35786.0, 1.0e5, 4.0e5}) {
+        for (int i = -1800; i <= 1800; ++i) {
+            expectRoundTrip({i * 0.05 * radiansPerDegree, 0.1 * i, heightKm});
+        }
+        // Close to the poles and the equator.
+        for (const double aside : {0.0, 1e-12, 1e-9, 1e-6, 1e-4}) {
+            for (const double sign : {1.0, -1.0}) {
+                expectRoundTrip({sign * (pi / 2.0 - aside), 1.0, heightKm});
+                expectRoundTrip({sign * aside, 2.0, heightKm});
+            }
+        }
+    }
+}
+
+TEST(Geodesy, TheEllipsoidHasItsPublishedAxes) {
+    EXPECT_DOUBLE_EQ(earthFixedPosition({0.0, 0.0, 0.0}).x, 6378.137);
+    EXPECT_DOUBLE_EQ(earthFixedPosition({0.0, pi / 2.0, 0.0}).y, 6378.137);
+    const Vector3 pole = earthFixedPosition({pi / 2.0, 0.0, 0.0});
+    EXPECT_NEAR(pole.z, 6356.752314245, 1e-9);
+    EXPECT_NEAR(pole.x, 0.0, 1e-9);
+}
+
+TEST(Geodesy, TheVerticalStandsOnTheEllipsoid) {
+    // Going up a kilometre moves the position a kilometre along the zenith, and across no meridian.
+    for (int i = -89; i <= 89; i += 7) {
+        const double latitude = i * radiansPerDegree;
+        const Vector3 up =
+            earthFixedPosition({latitude, 0.7, 1.0}) - earthFixedPosition({latitude, 0.7, 0.0});
+        EXPECT_NEAR(up.x, std::cos(latitude) * std::cos(0.7), 1e-11);
+        EXPECT_NEAR(up.y, std::cos(latitude) * std::sin(0.7), 1e-11);
+        EXPECT_NEAR(up.z, std::sin(latitude), 1e-11);
+    }
+}
+
+TEST(Geodesy, TheEarthsCentreIsNoTrap) {
+    for (const double z : {0.0, 1e-300, -0.5, 0.5}) {
+        const GeodeticFoot foot = geodeticFoot({0.0, 0.0, z});
+        EXPECT_TRUE(std::isfinite(foot.heightKm) && std::isfinite(foot.sinLatitude));
+        EXPECT_NEAR(foot.heightKm, -6378.137, 25.0);
+    }
+}
 
 std::vector<GeodeticPoint> sites() {
     return {{0.0, 0.0, 0.0},       {0.9, 0.1, 0.05},       {-0.6, 3.1, 2.0}, {pi / 2.0, 0.0, 0.0},
