@@ -145,6 +145,7 @@ TEST_F(SettingsWindowsTest, TheWheelChangesOnlyWhatHasTheFocus) {
 }
 
 TEST_F(SettingsWindowsTest, EverythingHasItsPlaceInBothLooksAndItsCaption) {
+    program.fakes.settings.set("WxWavDir", "/home/observer/recordings/");
     takePictures<frmCONmain>("mnuCONmain", "main-settings");
     takePictures<frmCON2D>("mnu2Dsettings", "map-settings");
     auto* const window = open<frmCONmain>("mnuCONmain");
