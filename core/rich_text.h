@@ -30,7 +30,7 @@ struct RichText {
         ++changes;
     }
     void append(Colour colour, std::string text, bool isBold = false) {
-        parts.emplace_back(colour, std::move(text), isBold);
+        parts.push_back({colour, std::move(text), isBold});
         ++changes;
     }
     /// The whole without its colours.

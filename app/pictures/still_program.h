@@ -18,6 +18,7 @@ class StillProgram {
     StillProgram(const CommandContext& context, const Instant& time, const std::string& tag);
     StillProgram(const StillProgram&) = delete;
     StillProgram& operator=(const StillProgram&) = delete;
+    ~StillProgram() = default;
 
     /// The satellites that are shown, at most as many as there is room for, and which of them is the primary
     /// one, counted from 0; one that can't be placed is left out.
