@@ -3,7 +3,6 @@
 
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 #include "platform/colour.h"
@@ -29,10 +28,7 @@ struct RichText {
         parts.clear();
         ++changes;
     }
-    void append(Colour colour, std::string text, bool isBold = false) {
-        parts.push_back({colour, std::move(text), isBold});
-        ++changes;
-    }
+    void append(Colour colour, std::string text, bool isBold = false);
     /// The whole without its colours.
     std::string plainText() const {
         std::string whole;
