@@ -205,6 +205,7 @@ void FormWindow::fitToScreen() {
 }
 
 void FormWindow::run(const std::function<void()>& handler) {
+    const WindowHost::Busy busy(m_host);
     // Also when the handler throws: the controls show what the struct holds.
     const Finally write([this] {
         if (!m_isRetired) writeControls();

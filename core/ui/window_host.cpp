@@ -22,7 +22,7 @@ void WindowHost::handleTick(std::string_view window, const std::function<void()>
 }
 
 void WindowHost::run(std::string_view window, const std::function<void()>& handler, bool isTick) {
-    ++m_running;
+    const Busy busy(*this);
     try {
         handler();
     } catch (const std::exception& failure) {
@@ -30,6 +30,9 @@ void WindowHost::run(std::string_view window, const std::function<void()>& handl
     } catch (...) {
         tell(window, "a failure that can't be told", isTick);
     }
+}
+
+void WindowHost::ran() {
     --m_running;
     if (m_running == 0 && m_registry.hasUnloaded()) {
         // Not here: the event that called the handler may still be in the window's own code.

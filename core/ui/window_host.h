@@ -32,7 +32,20 @@ class WindowHost final : public QObject, public EventQueue {
 
     WindowRegistry& registry() { return m_registry; }
 
+    /// While one lives no unloaded window is destroyed: there is code of a window on the stack.
+    class Busy {
+      public:
+        explicit Busy(WindowHost& host) : m_host(host) { ++m_host.m_running; }
+        ~Busy() { m_host.ran(); }
+        Busy(const Busy&) = delete;
+        Busy& operator=(const Busy&) = delete;
+
+      private:
+        WindowHost& m_host;
+    };
+
   private:
+    void ran();
     void run(std::string_view window, const std::function<void()>& handler, bool isTick);
     void tell(std::string_view window, std::string_view description, bool isTick);
     void releaseWhenIdle();

@@ -18,9 +18,9 @@ class DialogsTest : public ::testing::Test {
 
     /// A window of that name is on the screen from here on.
     WindowScript& showFake(const std::string& name) {
-        registerFake(fakes.windows, name, m_scripts[name]);
+        WindowScript& script = fakes.fakeWindow(name);
         fakes.windows.show(name);
-        return m_scripts[name];
+        return script;
     }
     const Texts& messages() const { return fakes.dialogs.messages; }
     std::string stored(const char* key) { return fakes.settings.get(key).value_or("(none)"); }
@@ -38,8 +38,6 @@ class DialogsTest : public ::testing::Test {
     }
 
   private:
-    // Before the registry, which destroys the windows.
-    std::map<std::string, WindowScript> m_scripts;
     std::deque<std::optional<std::string>> m_answers;
 
   protected:

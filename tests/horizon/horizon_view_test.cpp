@@ -9,14 +9,12 @@ namespace {
 class HorizonViewTest : public HorizonTest {
   protected:
     HorizonViewTest() {
-        registerFake(fakes.windows, "Main", main);
-        registerFake(fakes.windows, "Horizon", window);
         addFavourite("ISS (ZARYA)");
         addFavourite("INTELSAT 10-02");
     }
 
-    WindowScript main;
-    WindowScript window;
+    WindowScript& main = fakes.fakeWindow("Main");
+    WindowScript& window = fakes.fakeWindow("Horizon");
 };
 
 TEST_F(HorizonViewTest, LoadingReadsPlaceAndLandscapeAndStartsTheClock) {
@@ -84,8 +82,7 @@ TEST_F(HorizonViewTest, OtherViewsAreOpenedByMain) {
     fakes.windows.show("Horizon");
     runHorizonEntry("mnuWorld", view);
     EXPECT_TRUE(fakes.windows.isLoaded("Horizon")) << "there is no map";
-    WindowScript map;
-    registerFake(fakes.windows, "WorldView", map);
+    fakes.fakeWindow("WorldView");
     runHorizonEntry("mnuWorld", view);
     EXPECT_EQ(state.NextView, "world");
     EXPECT_FALSE(fakes.windows.isLoaded("Horizon"));

@@ -15,8 +15,6 @@ class WorldViewTest : public MapTest {
         addFavourite("ISS (ZARYA)");
         addFavourite("FUNCUBE-1 (AO-73)");
         addFavourite("INTELSAT 10-02");
-        registerFake(fakes.windows, "Main", main);
-        registerFake(fakes.windows, "WorldView", view);
         fakes.folder.write("satellite.dat", "***\r\n***\r\n");
     }
     void load() {
@@ -29,8 +27,8 @@ class WorldViewTest : public MapTest {
     }
     std::string setting(const char* key) { return fakes.settings.get(key).value_or("-"); }
 
-    WindowScript main;
-    WindowScript view;
+    WindowScript& main = fakes.fakeWindow("Main");
+    WindowScript& view = fakes.fakeWindow("WorldView");
     MapSurfaces surfaces;
     WorldMap world{form, map, surfaces, state, services};
 };
@@ -265,8 +263,7 @@ TEST_F(WorldViewTest, EntriesChangeTheViewTheSettingsAndTheNextView) {
 
     runMapEntry("mnuHorizon", world);
     EXPECT_TRUE(fakes.windows.isLoaded("WorldView")) << "there is no such view";
-    WindowScript horizon;
-    registerFake(fakes.windows, "Horizon", horizon);
+    fakes.fakeWindow("Horizon");
     runMapEntry("mnuHorizon", world);
     EXPECT_EQ(state.NextView, "Horizon");
     EXPECT_FALSE(fakes.windows.isLoaded("WorldView"));
@@ -274,9 +271,8 @@ TEST_F(WorldViewTest, EntriesChangeTheViewTheSettingsAndTheNextView) {
 
 TEST_F(WorldViewTest, TheTrackersWindowIsMadeBeforeItIsToldTheSatellite) {
     load();
-    WindowScript tracker;
+    WindowScript& tracker = fakes.fakeWindow("frmTracker");
     tracker.onLoad = [&] { EXPECT_EQ(state.TrackerTag, ""); };
-    registerFake(fakes.windows, "frmTracker", tracker);
     Timer1_Timer(world);
     EXPECT_EQ(tracker.made, 0) << "a tick makes no tracker";
     runMapEntry("mnuRadRot", world);

@@ -26,7 +26,7 @@ class PassesTest : public ProgramTest {
     /// As while the window is open: `Satcalc` looks for no next pass.
     void openWindow() { showFake("PassPrediction"); }
     void showFake(const std::string& name) {
-        registerFake(fakes.windows, name, m_scripts[name]);
+        fakes.fakeWindow(name);
         fakes.windows.show(name);
     }
     const std::vector<ResultRow>& rows() const { return form.LISTpasses.rows(); }
@@ -40,9 +40,6 @@ class PassesTest : public ProgramTest {
     std::string jobs() const { return fakes.folder.read("pass.dat"); }
 
     PassPredictionForm form;
-
-  private:
-    std::map<std::string, WindowScript> m_scripts;
 };
 
 /// A row for tests that look at texts only.

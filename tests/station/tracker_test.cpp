@@ -197,8 +197,7 @@ TEST_F(TrackerTest, WhatFailsIsLoggedAndTheRestGoesOn) {
 }
 
 TEST_F(TrackerTest, WithoutTheEngineTheWindowGoes) {
-    WindowScript script;
-    registerFake(fakes.windows, "frmTracker", script);
+    fakes.fakeWindow("frmTracker");
     fakes.windows.show("frmTracker");
     open("ISS (ZARYA)");
     state.OrbitEngine.reset();

@@ -27,4 +27,10 @@ int TestServices::logged(std::string_view label) const {
         std::ranges::count_if(logLines(), [&](const std::string& line) { return line.ends_with(ending); }));
 }
 
+WindowScript& TestServices::fakeWindow(const std::string& name) {
+    WindowScript& script = windowScripts[name];
+    registerFake(windows, name, script);
+    return script;
+}
+
 }  // namespace vantrace

@@ -1,6 +1,7 @@
 // All services of the program as fakes, and a program folder of their own.
 #pragma once
 
+#include <map>
 #include <string>
 #include <vector>
 
@@ -13,6 +14,7 @@
 #include "tests/support/fake_printer.h"
 #include "tests/support/fake_sound_capture.h"
 #include "tests/support/fake_text_painter.h"
+#include "tests/support/fake_window.h"
 #include "tests/support/memory_settings_store.h"
 #include "tests/support/recording_ports.h"
 #include "tests/support/temporary_folder.h"
@@ -28,6 +30,9 @@ struct TestServices {
     std::vector<std::string> logLines() const;
     /// How many of them end in that label.
     int logged(std::string_view label) const;
+
+    /// A window without a screen, registered under that name.
+    WindowScript& fakeWindow(const std::string& name);
 
     /// The program folder: error.log lies here.
     TemporaryFolder folder;
@@ -46,6 +51,8 @@ struct TestServices {
     FakeFetcher fetcher;
     FakeTimeClient timeClient;
     FakeLinePublisher linePublisher;
+    /// Outlive the windows.
+    std::map<std::string, WindowScript> windowScripts;
     WindowRegistry windows;
     ErrorLog errorLog;
     /// What routines are handed.

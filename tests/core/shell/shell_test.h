@@ -39,17 +39,8 @@ class ShellTest : public ::testing::Test {
         fakes.settings.set("HASL", "170");
     }
 
-    /// Registers a window of that name; its script can be written and read at any time.
-    WindowScript& fakeWindow(const std::string& name) {
-        registerFake(fakes.windows, name, m_scripts[name]);
-        return m_scripts[name];
-    }
+    WindowScript& fakeWindow(const std::string& name) { return fakes.fakeWindow(name); }
 
-  private:
-    // Before the registry, which destroys the windows.
-    std::map<std::string, WindowScript> m_scripts;
-
-  protected:
     TestServices fakes;
     TemporaryFolder& folder = fakes.folder;
     Services& services = fakes.services;

@@ -13,10 +13,7 @@ const std::string station = "ISS (ZARYA)";
 
 class SatcalcTest : public ProgramTest {
   protected:
-    SatcalcTest() {
-        state.PrimarySatName = station;
-        registerFake(services.windows, "PassPrediction", passPrediction);
-    }
+    SatcalcTest() { state.PrimarySatName = station; }
     ~SatcalcTest() override { services.windows.close(); }
 
     /// The minutes count from 2026-08-21 22:00 local time, 20:00 UTC.
@@ -34,7 +31,7 @@ class SatcalcTest : public ProgramTest {
         return newEngine()->EngineTrack(name, engineTime(minutes), 0, 0);
     }
 
-    WindowScript passPrediction;
+    WindowScript& passPrediction = fakes.fakeWindow("PassPrediction");
 };
 
 TEST_F(SatcalcTest, GivesTheEnginesPositionInDegreesAndWestLongitude) {
