@@ -36,7 +36,7 @@ class DescriptorBuffer final : public std::streambuf {
 
     int m_descriptor;
     int m_error = 0;
-    std::array<char, 65536> m_buffer;
+    std::array<char, 65536> m_buffer{};
 };
 
 /// Opens what is closed of standard input, output and error on the null device: a file opened later would
