@@ -8,6 +8,7 @@
 #include "core/program_state.h"
 #include "core/texts.h"
 #include "orbit/elements/element_catalogue.h"
+#include "orbit/elements/element_reader.h"
 #include "orbit/engine_access.h"
 #include "orbit/orbit_engine.h"
 #include "platform/text_file.h"
@@ -23,12 +24,15 @@ constexpr std::size_t lastSaved = 499;
 FavouriteLines readFavouriteLines(const ProgramState& state) {
     const std::string text = readTextFile(dataFile(state, favouritesFile), listLimitBytes);
     FavouriteLines lines;
-    for (const std::string_view line : splitLines(text)) {
+    for (const std::string_view markedLine : splitLines(text)) {
+        const std::string_view line = withoutNameMark(markedLine);
         const std::string_view name = trimmed(line);
         if (name.empty()) {
             continue;
         }
-        if (engineOf(state).EngineSatelliteList().find(line) != std::string::npos) {
+        const OrbitEngine& engine = engineOf(state);
+        const bool isListed = engine.EngineSatelliteList().find(line) != std::string::npos;
+        if (isListed || engine.catalogue().mayHold(line)) {
             lines.qualifying.emplace_back(name);
         } else {
             lines.dropped.emplace_back(line);

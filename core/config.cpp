@@ -13,7 +13,7 @@ namespace vantrace {
 std::string GetConfig(Services& services, std::string_view key, std::string_view defaultValue) {
     std::optional<std::string> value = services.settings.get(key);
     if (value && !trimmed(*value).empty()) return *std::move(value);
-    services.settings.set(key, defaultValue);
+    services.settings.setDefault(key, defaultValue);
     return std::string(defaultValue);
 }
 

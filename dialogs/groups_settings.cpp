@@ -21,6 +21,7 @@
 #include "core/texts.h"
 #include "dialogs/favourites_edit.h"
 #include "orbit/elements/element_catalogue.h"
+#include "orbit/elements/element_reader.h"
 #include "platform/file_error.h"
 #include "platform/text_file.h"
 
@@ -66,12 +67,14 @@ void listSatellites(TickList& satellites, std::string_view text, int linesBefore
     LineReader lines(text);
     for (int i = 0; i < linesBefore && !lines.atEnd(); ++i) lines.next();
     while (!lines.atEnd()) {
-        const std::string_view name = lines.next();
-        if (lines.atEnd() || trimmed(name).empty()) return;
+        const std::string_view nameLine = lines.next();
+        if (lines.atEnd() || trimmed(nameLine).empty()) return;
         const std::string_view line1 = lines.next();
         if (lines.atEnd()) return;
         lines.next();
-        if (hasEpoch(line1)) satellites.add(std::string(trimmed(name.substr(0, cutNameLength))));
+        const std::string_view name = trimmed(withoutNameMark(nameLine).substr(0, cutNameLength));
+        // A mark may stand there without a name.
+        if (hasEpoch(line1) && !name.empty()) satellites.add(std::string(name));
     }
 }
 

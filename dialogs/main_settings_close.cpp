@@ -97,7 +97,6 @@ void Form_Unload(MainSettingsForm& form, ProgramState& state, Services& services
     const SettingsBatch batch(services.settings);
     label.step([&] { SaveConfig(services, settings::wxWavDir, form.LAWxWavDir); });
     label.step([&] { savePlace(form, services); });
-    // The text lets pass latitudes that the engine refuses.
     label.step([&] { tellObserver(form, state, services, label); });
     label.step([&] { SaveConfig(services, settings::voice, std::to_string(form.VoiceSelect.selected + 1)); });
 }

@@ -54,9 +54,10 @@ void paintLandscape(const SkyFrame& frame) {
     Surface& Final = frame.Final();
     const Surface& land = frame.surfaces.BackDrop;
     Final.clear();
+    const Area all(0, 0, Final.width(), Final.height());
+    const Area allLand(0, 0, land.width(), land.height());
     frame.label.step([&] {
-        Final.stretch({0, 0, static_cast<double>(Final.width()), static_cast<double>(Final.height())}, land,
-                      {0, 0, static_cast<double>(land.width()), static_cast<double>(land.height())});
+        frame.surfaces.ground.lay(Final, land, 0, [&] { return Final.stretch(all, land, allLand); });
     });
 }
 

@@ -62,6 +62,24 @@ void Mprevsat_Click(WorldMap& world) {
     step(world, -1);
 }
 
+void keepChoice(WorldMap& world) {
+    ProgramState& state = world.state;
+    if (state.PrimarySatIndex < 1 || state.FavouriteCount < 1) return;
+    const auto isChosen = [&](std::int16_t index) {
+        return index <= state.FavouriteCount && state.Favourites[index].Name == state.PrimarySatName;
+    };
+    if (isChosen(state.PrimarySatIndex)) return;
+    std::int16_t index = 1;
+    while (index <= state.FavouriteCount && !isChosen(index)) ++index;
+    const bool isGone = index > state.FavouriteCount;
+    state.PrimarySatIndex = isGone ? std::int16_t{1} : index;
+    if (!isGone) return;
+    state.PrimarySatName = state.Favourites[1].Name;
+    if (world.form.ShowInfoPaneNow) {
+        world.form.IPtext = SatelliteDataFunc(state, world.services, state.PrimarySatName);
+    }
+}
+
 void Final_MouseDown(WorldMap& world, int Button, double X, double Y) {
     constexpr int rightButton = 2;
     if (Button == rightButton) {

@@ -16,6 +16,7 @@
 #include "core/services.h"
 #include "core/view_words.h"
 #include "mapview/paint/repaint_map_screen.h"
+#include "mapview/satellite_choice.h"
 #include "mapview/tables/ground_track.h"
 #include "mapview/tables/gsatroutine.h"
 #include "mapview/tables/sun_moon.h"
@@ -115,6 +116,7 @@ void Form_Load(WorldMap& world) {
 void Form_Activate(WorldMap& world) {
     ErrorLabel label(world.services, labels::mapFormActivate);
     world.map.StatusLine.clear();
+    label.step([&] { keepChoice(world); });
     label.step([&] {
         if (isTrue(world.services, settings::showGroundtrack)) {
             CalcGroundTrack(world.form, world.map, world.state, world.services);

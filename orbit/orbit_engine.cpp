@@ -1,8 +1,10 @@
 #include "orbit/orbit_engine.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "core/date_time.h"
+#include "core/numbers.h"
 #include "core/texts.h"
 #include "orbit/earth/earth_rotation.h"
 #include "orbit/elements/element_catalogue.h"
@@ -81,10 +83,7 @@ const std::string& OrbitEngine::EngineSatelliteList() const {
 }
 
 void OrbitEngine::EngineSetLatitude(double latitudeDeg) {
-    if (!(std::abs(latitudeDeg) <= 90.0)) {
-        throw EngineError("latitude", "is outside -90 to 90 degrees");
-    }
-    setObserver(latitudeDeg, m_longitudeDeg, m_heightM);
+    setObserver(std::clamp(finite(latitudeDeg, "latitude"), -90.0, 90.0), m_longitudeDeg, m_heightM);
 }
 
 double OrbitEngine::EngineGetLongitude() const {
@@ -185,7 +184,7 @@ double OrbitEngine::EngineJulianDate(double dateTimeUtc) const {
 }
 
 std::int32_t OrbitEngine::EngineOrbitNumber() const {
-    return static_cast<std::int32_t>(std::floor(EngineOrbitPhase()));
+    return toInteger32(std::floor(EngineOrbitPhase()));
 }
 
 double OrbitEngine::EngineOrbitPhase() const {

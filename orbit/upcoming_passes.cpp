@@ -30,6 +30,9 @@ struct ETARow {
     /// Local day numbers; the rise is 0 when the satellite is in range already.
     double AOS = 0;
     double LOS = 0;
+    /// False where the engine knows of no rise, or of no set, to come.
+    bool rises = true;
+    bool sets = true;
 };
 
 using ETARows = Table<ETARow, 500>;
@@ -91,21 +94,20 @@ bool fillRows(Run& run) {
         }
         run.label.step(
             [&] { los = engineOf(state).EngineNextLOS(favourite.Name, isInRange ? nowUtc : aos); });
-        // One that doesn't rise has no pass to be shown.
-        if (isInRange || aos < OrbitEngine::noEventDayNumber()) {
-            ETARow& row = run.rows[i];
-            row.Name = cutToWidth(favourite.Name);
-            row.AOS = 0;
-            if (!isInRange) run.label.step([&] { row.AOS = ToLocal(run.services.clock, aos); });
-            run.label.step([&] { row.LOS = ToLocal(run.services.clock, los); });
-        }
+        ETARow& row = run.rows[i];
+        row.Name = cutToWidth(favourite.Name);
+        row.rises = isInRange || aos < OrbitEngine::noEventDayNumber();
+        row.sets = los < OrbitEngine::noEventDayNumber();
+        if (!isInRange) run.label.step([&] { row.AOS = ToLocal(run.services.clock, aos); });
+        run.label.step([&] { row.LOS = ToLocal(run.services.clock, los); });
         run.label.step([&] { run.services.events.yield(); });
         if (run.userHasLeft()) return false;
     }
     return true;
 }
 
-/// The row behind the last one takes part although it is empty, and sorts ahead of all that wait.
+/// The row behind the last one takes part although it is empty, and sorts ahead of all that wait. One that
+/// doesn't rise waits for the end of time, so that it is the one that is pushed out.
 bool sortRows(Run& run) {
     const int rounds = run.state.FavouriteCount;
     for (int round = 0; round < rounds; ++round) {
@@ -138,6 +140,10 @@ void writeInRange(Run& run, const ETARow& row) {
     constexpr int soonMinutes = 3;
     run.target.append(inRangeColour, row.Name + "\t");
     run.target.append(riseColour, "NOW     ");
+    if (!row.sets) {
+        run.target.append(setColour, "--:--\n");
+        return;
+    }
     run.target.append(setColour, hoursAndMinutes(row.LOS) + "\n");
     const int minutes = timeOfDay(row.LOS - run.now()).minute;
     if (run.speaks && minutes < soonMinutes) say(run, row, " will be out of range in ", minutes);
@@ -147,6 +153,7 @@ bool writeRows(Run& run) {
     for (int i = 1; i <= run.state.FavouriteCount; ++i) {
         run.label.step([&] {
             const ETARow& row = run.rows[i];
+            if (!row.rises) return;
             const DateParts rise = dateParts(row.AOS);
             if (rise.hour + rise.minute > 0) {
                 writeWaiting(run, row);

@@ -17,8 +17,9 @@ std::string MinutesText(std::int16_t minutes);
 /// the call, whatever time the map shows. With `speak`, a favourite that comes or goes soon is announced.
 /// Yields after each favourite and all through the sort and the writing, so that windows live meanwhile; when
 /// `Main.Tag` becomes "menu" or "exit" it leaves at once, for good: `QuickETABusy` stays set, and no later
-/// call does anything. A favourite that doesn't rise has an empty row. Of the waiting passes the last one is
-/// not shown where an unused row takes its place.
+/// call does anything. Of those that wait the last to rise is not shown, for the unused row takes its place.
+/// A favourite that doesn't rise counts as the last of all and is never shown; one that doesn't set has no
+/// time of set and isn't announced.
 void UpdateQuickETA(RichText& target, bool speak, ProgramState& state, Services& services);
 
 }  // namespace vantrace

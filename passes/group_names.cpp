@@ -8,6 +8,8 @@
 #include "core/program_state.h"
 #include "core/services.h"
 #include "core/texts.h"
+#include "core/view_words.h"
+#include "orbit/elements/element_reader.h"
 #include "platform/text_file.h"
 
 namespace vantrace {
@@ -53,9 +55,9 @@ void fillSatellites(DropDown& satellites, std::string_view prompt, std::string_v
         lines.next();
         if (lines.atEnd()) return;
         lines.next();
-        satellites.list.emplace_back(trimmed(name));
+        satellites.list.emplace_back(trimmed(withoutNameMark(name)));
         services.events.yield();
-        if (satellites.emptyings != own) return;
+        if (satellites.emptyings != own || state.MainTag == mainTag::exit) return;
     }
 }
 

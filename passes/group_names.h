@@ -18,8 +18,8 @@ void fillFavourites(DropDown& favourites, const ProgramState& state);
 
 /// Empties the drop-down, which shows `prompt` from then on, and fills it with the first of each three lines
 /// of the group's element file; what is left at its end doesn't count. Yields after each satellite, and
-/// leaves when another choice has emptied the drop-down meanwhile. A file that isn't there is told in a
-/// message. Throws FileError where it can't be read.
+/// leaves when another choice or the window's end has emptied the drop-down meanwhile, or the program ends. A
+/// file that isn't there is told in a message. Throws FileError where it can't be read.
 void fillSatellites(DropDown& satellites, std::string_view prompt, std::string_view group,
                     const ProgramState& state, Services& services);
 

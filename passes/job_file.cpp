@@ -66,6 +66,8 @@ void rewriteJobs(const ProgramState& state, std::string_view text) {
     // What lies there under the name is replaced, and not what it may point to.
     std::filesystem::remove(scratch, error);
     replaceFile(scratch, text, status.st_mode & mode_t{0777});
+    // Who runs this with more rights than the owner has leaves the file the owner's, where that is allowed.
+    if (chown(scratch.c_str(), status.st_uid, status.st_gid) != 0) errno = 0;
     std::filesystem::rename(scratch, file, error);
     if (!error) {
         flushFolderOf(file);

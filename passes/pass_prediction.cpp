@@ -30,7 +30,9 @@ void Form_Load(PassPredictionForm& form, const ProgramState& state, Services& se
     for (std::string& name : jobNames(readJobs(state))) form.ListPresets.add(std::move(name));
 }
 
-void Form_Unload(PassPredictionForm& /*form*/, Services& services) {
+void Form_Unload(PassPredictionForm& form, Services& services) {
+    // A list that is being filled ends here.
+    form.SatelliteName.empty({});
     services.windows.show("Main");
 }
 

@@ -99,6 +99,10 @@ bool Form_QueryUnload(const PassWizardForm& form, Services& services) {
     return form.isSettled || isEmpty || mayBeLost(services);
 }
 
+void Form_Unload(PassWizardForm& form) {
+    form.COMsatname.empty({});
+}
+
 void BUTcancel_Click(PassWizardForm& form, Services& services) {
     if (!mayBeLost(services)) return;
     form.isSettled = true;

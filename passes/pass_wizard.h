@@ -48,6 +48,8 @@ void BUTremove_Click(PassWizardForm& form, Services& services);
 void BUTSaveJob_Click(PassWizardForm& form, ProgramState& state, Services& services);
 /// However the window goes, a job that is in it alone is lost only where the user agrees.
 bool Form_QueryUnload(const PassWizardForm& form, Services& services);
+/// A list of satellites that is being filled ends here.
+void Form_Unload(PassWizardForm& form);
 /// Asks, then unloads the window; the job in it is lost.
 void BUTcancel_Click(PassWizardForm& form, Services& services);
 

@@ -46,8 +46,23 @@ std::optional<std::string> FileSettingsStore::get(std::string_view key) {
 }
 
 void FileSettingsStore::set(std::string_view key, std::string_view value) {
-    if (!m_document.set(key, value)) return;
-    m_pending[settingsKey(key)] = {std::string(key), std::string(value)};
+    hold({std::string(key), std::string(value), false});
+}
+
+void FileSettingsStore::setDefault(std::string_view key, std::string_view value) {
+    hold({std::string(key), std::string(value), true});
+}
+
+void FileSettingsStore::hold(PendingValue value) {
+    std::string key = settingsKey(value.key);
+    if (!m_document.set(value.key, value.value)) {
+        // The user has chosen what was the default.
+        if (const auto held = m_pending.find(key); held != m_pending.end() && !value.isDefault) {
+            held->second.isDefault = false;
+        }
+        return;
+    }
+    m_pending[std::move(key)] = std::move(value);
     storeChanges();
 }
 
@@ -91,12 +106,20 @@ void FileSettingsStore::load() {
             text = readTextFile(m_path, largestFileBytes);
         } catch (const FileError&) {
             m_isReadable = false;
+            // What bars it may go without a trace in the stamp.
+            m_stamp.reset();
             return;
         }
     }
     m_document = SettingsDocument(text, m_heading);
     if (m_removalPending) m_document.removeAll();
+    std::erase_if(m_pending, [this](const auto& item) { return isBeaten(item.second); });
     for (const auto& [key, pending] : m_pending) m_document.set(pending.key, pending.value);
+}
+
+bool FileSettingsStore::isBeaten(const PendingValue& pending) const {
+    const std::string* const stored = m_document.find(pending.key);
+    return pending.isDefault && stored != nullptr && stored->find_first_not_of(' ') != std::string::npos;
 }
 
 void FileSettingsStore::storeChanges() {
@@ -105,6 +128,7 @@ void FileSettingsStore::storeChanges() {
 
 void FileSettingsStore::write() {
     if (m_stamp != stampOnDisk()) load();
+    if (!m_removalPending && m_pending.empty()) return;
     const std::string text = m_document.text();
     if (!m_isReadable || text.size() > largestFileBytes) return;
     try {

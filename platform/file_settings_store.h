@@ -16,8 +16,9 @@ namespace vantrace {
 
 /// Values live in memory. Every change is written at once, whole or not at all, readable by the user alone;
 /// at the end where a batch is open. Where the file can't be read or written the values live on, and are
-/// written with the next change that can be. A file that is there and can't be read is never written over.
-/// Another process may write the same file: its changes are taken in by refresh() and before every write.
+/// written with the next change that can be; defaults only where the file then has no value. A file that is
+/// there and can't be read is never written over. Another process may write the same file: its changes are
+/// taken in by refresh() and before every write.
 class FileSettingsStore final : public SettingsStore {
   public:
     explicit FileSettingsStore(std::filesystem::path path, std::string_view application = "Vantrace",
@@ -25,6 +26,7 @@ class FileSettingsStore final : public SettingsStore {
 
     std::optional<std::string> get(std::string_view key) override;
     void set(std::string_view key, std::string_view value) override;
+    void setDefault(std::string_view key, std::string_view value) override;
     void removeAll() override;
     void beginBatch() override;
     void endBatch() override;
@@ -46,8 +48,11 @@ class FileSettingsStore final : public SettingsStore {
     struct PendingValue {
         std::string key;
         std::string value;
+        bool isDefault = false;
     };
 
+    void hold(PendingValue value);
+    bool isBeaten(const PendingValue& pending) const;
     Stamp stampOnDisk() const;
     void load();
     void storeChanges();

@@ -17,6 +17,8 @@ class SettingsStore {
     virtual std::optional<std::string> get(std::string_view key) = 0;
     /// Sets a value for good. Setting the value that is already held writes nothing.
     virtual void set(std::string_view key, std::string_view value) = 0;
+    /// Sets what stands for a key that nobody has set: a value that turns up in the store later beats it.
+    virtual void setDefault(std::string_view key, std::string_view value) { set(key, value); }
     /// Removes every key of the section.
     virtual void removeAll() = 0;
 

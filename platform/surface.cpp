@@ -64,6 +64,14 @@ void Surface::resize(int width, int height, double devicePixelsPerPixel) {
     clear();
 }
 
+bool Surface::hasSizeOf(const Surface& other) const {
+    return m_width == other.m_width && m_height == other.m_height && m_ratio == other.m_ratio;
+}
+
+void Surface::copy(const Surface& source) {
+    if (hasSizeOf(source)) std::copy(source.m_words.begin(), source.m_words.end(), m_words.begin());
+}
+
 Colour Surface::pixel(int x, int y) const {
     const double deviceX = std::floor((x + 0.5) * m_ratio);
     const double deviceY = std::floor((y + 0.5) * m_ratio);

@@ -113,6 +113,11 @@ class Surface {
     void blit(int x, int y, int width, int height, const Surface& source, int sourceX, int sourceY,
               RasterOperation operation);
 
+    /// Whether both have the same size and density.
+    bool hasSizeOf(const Surface& other) const;
+    /// Takes over all pixels of a surface that has the same size and density; one that hasn't is passed over.
+    void copy(const Surface& source);
+
     /// Copies an area of the source over an area of this surface, at its size. The destination's edges are
     /// rounded to device pixels, so that areas with a common edge meet. Growing looks beyond the source's
     /// area by up to two pixels, where the source has them, so that pieces of one picture show no seam. Tells

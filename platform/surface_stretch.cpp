@@ -213,9 +213,15 @@ void StretchedRows::sumUp(std::size_t row) {
     m_sums.assign(m_stride, 0);
     for (std::size_t tap = 0; tap < taps; tap += 2) {
         const bool hasTwo = tap + 1 < taps;
-        // The second comes from memory that the first one has just filled.
-        const Lane* const first = widened(m_rows.first[row] + static_cast<int>(tap));
-        const Lane* const second = hasTwo ? widened(m_rows.first[row] + static_cast<int>(tap) + 1) : first;
+        const int sourceRow = m_rows.first[row] + static_cast<int>(tap);
+        // Both are made together: the second alone would bring the row behind it into the first one's place.
+        const auto isHeld = [&](int each) {
+            return m_widenedRow[static_cast<std::size_t>(each) % m_places] == each;
+        };
+        if (hasTwo && !isHeld(sourceRow + 1))
+            m_widenedRow[static_cast<std::size_t>(sourceRow) % m_places] = -1;
+        const Lane* const first = widened(sourceRow);
+        const Lane* const second = hasTwo ? widened(sourceRow + 1) : first;
         const std::int16_t secondWeight = hasTwo ? weights[tap + 1] : std::int16_t{0};
         m_kernels.add({{first, second}, {weights[tap], secondWeight}, m_columns.first.size(), m_sums.data()});
     }

@@ -16,7 +16,14 @@ namespace {
 std::string readStandardInput(ByteSource& in) {
     std::string content;
     std::array<char, 65536> buffer{};
-    while (const std::size_t count = in.read(buffer)) {
+    const auto read = [&] {
+        try {
+            return in.read(buffer);
+        } catch (const std::runtime_error& failure) {
+            throw UserError(std::string("the standard input ") + failure.what());
+        }
+    };
+    while (const std::size_t count = read()) {
         content.append(buffer.data(), count);
         if (content.size() > elementFileLimitBytes) {
             throw UserError("the input is longer than " + std::to_string(elementFileLimitBytes) + " bytes");
@@ -52,6 +59,7 @@ Command convertCommand() {
         "100000 to 339999 are written in the Alpha-5 form. Sets that the form can't hold are told on the "
         "error stream, "
         "and the exit status is 1.";
+    syntax.options = {{"format", "FORMAT", "for the other commands: what is converted has one form"}};
     syntax.arguments = {"FILE", "the messages; \"-\" is the standard input", 1, 1};
     return {syntax, false, runConvert, true};
 }

@@ -52,7 +52,7 @@ int runFavourites(const CommandContext& context) {
     bool isComplete = true;
     for (const std::string& name : names) {
         const SkyEntry entry = skyEntry(context, name, time);
-        isComplete = isComplete && entry.place;
+        isComplete = isComplete && entry.isComplete;
         rows->add(favouriteRow(entry, time));
     }
     rows->finish();

@@ -12,10 +12,11 @@ namespace vantrace {
 
 namespace {
 
-std::optional<Instant> eventTime(const CommandContext& context, const std::string& name,
+std::optional<Instant> eventTime(const CommandContext& context, SkyEntry& entry,
                                  const EventSearchResult& event) {
     if (!event.time && !event.failureReason.empty()) {
-        context.console().complain(EngineError(name, event.failureTime, event.failureReason).what());
+        context.console().complain(EngineError(entry.name, event.failureTime, event.failureReason).what());
+        entry.isComplete = false;
     }
     return event.time;
 }
@@ -45,12 +46,13 @@ SkyEntry skyEntry(const CommandContext& context, const std::string& name, const 
     entry.name = name;
     try {
         entry.place = engine.track(name, time);
-        entry.nextRise = eventTime(context, name, engine.nextRise(name, time));
+        entry.nextRise = eventTime(context, entry, engine.nextRise(name, time));
         // A path that ends before its next rise ends before its next set too, and is told once.
         if (entry.nextRise || entry.isUp())
-            entry.nextSet = eventTime(context, name, engine.nextSet(name, time));
+            entry.nextSet = eventTime(context, entry, engine.nextSet(name, time));
     } catch (const EngineError& failure) {
         context.console().complain(failure.what());
+        entry.isComplete = false;
     }
     return entry;
 }

@@ -21,6 +21,8 @@ struct SkyEntry {
     /// Of one that is up, the end of this pass and the rise of the next; nothing within 30 days is nothing.
     std::optional<Instant> nextRise;
     std::optional<Instant> nextSet;
+    /// False where anything of it could not be computed.
+    bool isComplete = true;
 
     bool isUp() const { return place && place->elevationRad > 0.0; }
 };

@@ -56,7 +56,7 @@ Row skyRow(const SkyEntry& entry, const Instant& now) {
     return row;
 }
 
-/// True where every position could be computed.
+/// True where everything could be computed.
 bool writeSky(const CommandContext& context, const std::vector<std::string>& names, const Instant& now) {
     std::vector<SkyEntry> entries;
     for (const std::string& name : names) entries.push_back(skyEntry(context, name, now));
@@ -67,7 +67,7 @@ bool writeSky(const CommandContext& context, const std::vector<std::string>& nam
     for (const SkyEntry& entry : entries) rows.push_back(skyRow(entry, now));
     context.console().out << "\nTHE SKY NOW\n\n";
     writeTable(skyColumns, rows, context.console().out);
-    return std::ranges::all_of(entries, [](const SkyEntry& entry) { return entry.place.has_value(); });
+    return std::ranges::all_of(entries, &SkyEntry::isComplete);
 }
 
 std::string bodyText(OrbitEngine& engine, std::string_view body, const Instant& now) {
@@ -127,6 +127,7 @@ Command todayCommand() {
     syntax.summary =
         "Shows a page of text: the sky now and the passes of the favourites over the next 24 hours.";
     syntax.details = "Those above the horizon come first. Times are UTC, and local where it says so.";
+    syntax.options = {{"format", "FORMAT", "table alone: this is a page of text"}};
     return {syntax, true, runToday};
 }
 

@@ -33,6 +33,7 @@ std::vector<OptionSyntax> pictureOptions(const std::string& primaryFallback) {
         {"out", "FILE.png", "the file to write; an old one is replaced"},
         {"size", "WxH", "pixels, up to 8192 each way (else: 1400x704)"},
         {"at", "TIME", "ISO 8601, such as 2026-08-22T10:00:00Z (else: now)"},
+        {"format", "FORMAT", "for the other commands: this one writes a picture"},
         {"primary", "NAME",
          "the satellite with the track; one that is no favourite is added (else: " + primaryFallback + ")"}};
 }

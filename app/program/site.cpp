@@ -43,15 +43,10 @@ double checkedSetting(const Setting& setting, const std::string& text, std::opti
                     shortestText(range.most) + "; name another place by --site");
 }
 
-/// An angle has no thousands, so that a comma in it is a decimal mark on any machine.
-double angleSetting(Services& services, const Setting& setting, const NumberRange& range) {
+/// Stored without marks of thousands, so that a comma in it is a decimal mark on any machine.
+double numberSetting(Services& services, const Setting& setting, const NumberRange& range) {
     const std::string text = GetConfig(services, setting);
     return checkedSetting(setting, text, parseNumber(replacedAll(text, ",", ".")), range);
-}
-
-double heightSetting(Services& services) {
-    const std::string text = GetConfig(services, settings::hasl);
-    return checkedSetting(settings::hasl, text, toDouble(text, services.format.decimalMark), heightsM);
 }
 
 }  // namespace
@@ -83,9 +78,9 @@ Site siteOfSettings(Services& services) {
     constexpr NumberRange westLongitudes{-360.0, 360.0};
     Site site;
     site.name = GetConfig(services, settings::locationName);
-    site.latitudeDeg = angleSetting(services, settings::latitude, latitudes);
-    site.longitudeDeg = eastLongitude(-angleSetting(services, settings::longitude, westLongitudes));
-    site.heightM = heightSetting(services);
+    site.latitudeDeg = numberSetting(services, settings::latitude, latitudes);
+    site.longitudeDeg = eastLongitude(-numberSetting(services, settings::longitude, westLongitudes));
+    site.heightM = numberSetting(services, settings::hasl, heightsM);
     return site;
 }
 

@@ -22,6 +22,8 @@ class UnsavedSettings final : public SettingsStore {
     void set(std::string_view key, std::string_view value) override {
         m_held.insert_or_assign(lowerCased(key), std::string(value));
     }
+    /// The store may come to hold the user's own value.
+    void setDefault(std::string_view /*key*/, std::string_view /*value*/) override {}
     void removeAll() override {
         m_held.clear();
         m_isEmptied = true;

@@ -1,5 +1,6 @@
 #include "app/station/daemon_sockets.h"
 
+#include <QCoreApplication>
 #include <QTimer>
 #include <utility>
 
@@ -55,6 +56,8 @@ void PrintedTransport::send(std::string_view bytes) {
     const std::string command(bytes.substr(1, bytes.size() - 2));
     const bool isQuestion = command == "p" || command.starts_with('\\');
     if (!isQuestion) m_out << m_word << ": " << command << std::endl;
+    // Nobody reads any more.
+    if (!m_out) QCoreApplication::quit();
     later([this, isQuestion](DaemonSession& session) {
         session.received(isQuestion ? "RPRT -11\n" : "RPRT 0\n", m_now());
     });

@@ -12,6 +12,12 @@ std::string NetworkAddress::text() const {
     return (isIp6 ? "[" + host + "]" : host) + ":" + std::to_string(port);
 }
 
+std::string NetworkAddress::daemon() const {
+    NetworkAddress known = *this;
+    if (host == "localhost" || host == "::1") known.host = "127.0.0.1";
+    return known.text();
+}
+
 NetworkAddress addressOption(std::string_view option, std::string_view text) {
     const auto fail = [&] {
         return UserError("--" + std::string(option) + ": " + inQuotes(text) +

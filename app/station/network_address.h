@@ -15,6 +15,8 @@ struct NetworkAddress {
 
     bool isLocal() const { return !localSocket.empty(); }
     std::string text() const;
+    /// The same text for the names that this machine has for itself.
+    std::string daemon() const;
 
     friend bool operator==(const NetworkAddress&, const NetworkAddress&) = default;
 };

@@ -61,6 +61,14 @@ std::optional<NetworkAddress> addressOrNone(const CommandLine& line, std::string
     return addressOption(option, *text);
 }
 
+/// One daemon has one device.
+void refuseTheSame(const std::string& option, const std::optional<NetworkAddress>& address,
+                   const std::string& other, const std::optional<NetworkAddress>& taken) {
+    if (!address || !taken || address->daemon() != taken->daemon()) return;
+    throw UserError("--" + option + ": " + inQuotes(address->text()) + " is the " + other +
+                    "'s daemon already");
+}
+
 NetworkAddress lineAddress(const CommandLine& line, const NetworkAddress& usual) {
     const std::optional<std::string> text = line.value("line");
     if (!text) return usual;
@@ -148,10 +156,9 @@ StationOptions stationOptions(const CommandLine& line) {
     options.rotator = addressOrNone(line, "rotator", options.rotator);
     options.radio = addressOrNone(line, "radio", options.radio);
     options.transmitter = addressOrNone(line, "transmitter", std::nullopt);
-    if (options.radio && options.transmitter && *options.radio == *options.transmitter) {
-        throw UserError("--transmitter: " + inQuotes(options.transmitter->text()) +
-                        " is the radio's daemon already");
-    }
+    refuseTheSame("transmitter", options.transmitter, "radio", options.radio);
+    refuseTheSame("transmitter", options.transmitter, "rotator", options.rotator);
+    refuseTheSame("radio", options.radio, "rotator", options.rotator);
     options.vfos = {vfoOr(line, "receive-vfo", options.vfos.receive),
                     vfoOr(line, "transmit-vfo", options.vfos.transmit)};
     options.deadBandDeg = numberOr(line, "dead-band", {0.0, 45.0}, options.deadBandDeg);

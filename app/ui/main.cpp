@@ -5,7 +5,12 @@
 #include <QFile>
 #include <QTimer>
 #include <algorithm>
+#include <array>
+#include <cstdio>
+#include <cstdlib>
 #include <exception>
+#include <memory>
+#include <string_view>
 
 #include "app/ui/desktop_program.h"
 #include "core/version.h"
@@ -50,18 +55,42 @@ DesktopArguments readArguments() {
     return arguments;
 }
 
+/// Whether the arguments ask for nothing that needs a screen.
+bool asksForText(int argc, char** argv) {
+    constexpr std::array<std::string_view, 5> words{"-h", "--help", "--help-all", "-v", "--version"};
+    return std::any_of(argv + std::min(argc, 1), argv + argc, [&](std::string_view argument) {
+        return std::ranges::find(words, argument) != words.end();
+    });
+}
+
+/// Without a screen Qt would end the process with a dump of its memory.
+void endInOrder(QtMsgType type, const QMessageLogContext& /*context*/, const QString& text) {
+    if (type != QtFatalMsg) return;
+    std::fprintf(stderr, "vantrace: %s\n", text.trimmed().toLocal8Bit().constData());
+    std::_Exit(EXIT_FAILURE);
+}
+
+std::unique_ptr<QCoreApplication> makeApplication(int& argc, char** argv) {
+    QCoreApplication::setApplicationName(QStringLiteral("vantrace"));
+    QCoreApplication::setApplicationVersion(
+        QString::fromUtf8(fullVersion.data(), static_cast<qsizetype>(fullVersion.size())));
+    if (asksForText(argc, argv)) return std::make_unique<QCoreApplication>(argc, argv);
+    const QtMessageHandler before = qInstallMessageHandler(endInOrder);
+    std::unique_ptr<QCoreApplication> application = std::make_unique<QApplication>(argc, argv);
+    qInstallMessageHandler(before);
+    return application;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
-    const QApplication application(argc, argv);
-    QApplication::setApplicationName(QStringLiteral("vantrace"));
+    const std::unique_ptr<QCoreApplication> application = makeApplication(argc, argv);
     QApplication::setDesktopFileName(QStringLiteral("vantrace"));
-    QApplication::setApplicationVersion(
-        QString::fromUtf8(fullVersion.data(), static_cast<qsizetype>(fullVersion.size())));
     // The program ends when Main is unloaded: there are moments without any window.
     QApplication::setQuitOnLastWindowClosed(false);
     try {
-        DesktopProgram program(readArguments());
+        const DesktopArguments arguments = readArguments();
+        DesktopProgram program(arguments);
         // From inside the event loop, so that a program that ends at its start ends the loop.
         QTimer::singleShot(0, [&program] { program.start(); });
         return QApplication::exec();

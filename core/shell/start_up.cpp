@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "catalogue/data_files.h"
+#include "catalogue/element_files.h"
 #include "catalogue/favourites.h"
 #include "catalogue/groups.h"
 #include "catalogue/locations.h"
@@ -94,16 +95,18 @@ void welcome(const MainForm& form, Services& services) {
 void loadObserver(ProgramState& state, Services& services, ErrorLabel& label) {
     label.step([&] { state.ObserverName = GetConfig(services, settings::locationName); });
     const bool hasComma = readsCommaAsDecimalMark(services.format);
+    const auto read = [&](double& field, const Setting& setting) {
+        field = machineNumber(GetConfig(services, setting), services);
+    };
+    label.step([&] { read(state.ObserverHeight, settings::hasl); });
     const auto load = [&](double& field, const Setting& setting) {
-        const auto read = [&] { field = machineNumber(GetConfig(services, setting), services); };
         // With a decimal comma the two coordinates are read again below, and this is no failure.
         if (hasComma) {
-            label.quietStep(read);
+            label.quietStep([&] { read(field, setting); });
         } else {
-            label.step(read);
+            label.step([&] { read(field, setting); });
         }
     };
-    load(state.ObserverHeight, settings::hasl);
     load(state.ObserverLatitude, settings::latitude);
     load(state.ObserverLongitude, settings::longitude);
     if (!hasComma) return;
@@ -155,6 +158,8 @@ void Form_Load(MainForm& form, ProgramState& state, Services& services) {
         }
     });
     label.phase("keppath");
+    // Favourites bear the short names; under the long ones of a fresh file they would not be found.
+    label.step([&] { FixGPSKeps(state, services); });
     label.step([&] { engineOf(state).EngineSetKepPath(state.AppPath); });
 
     if (!checkDataFiles(state, services, label)) return;

@@ -17,7 +17,7 @@ namespace {
 
 constexpr std::int32_t daysOfWeek = 7;
 
-/// What a step couldn't find out stays 0, and the others go on with it.
+/// Without a file that tells an age the text stays as it was.
 void showElementAge(MainForm& form, ProgramState& state, Services& services, ErrorLabel& label) {
     const std::string file = elementFileName(state.Groups[1].Url);
     std::int16_t start = 0;
@@ -28,8 +28,9 @@ void showElementAge(MainForm& form, ProgramState& state, Services& services, Err
     label.step([&] { line1 = lineFoundAfter(state, file, start); });
     std::int32_t epochYear = 0;
     std::int32_t epochDay = 0;
-    label.step([&] { epochYear = elementEpochYear(line1); });
-    label.step([&] { epochDay = elementEpochDay(line1); });
+    const bool isYearKnown = label.step([&] { epochYear = elementEpochYear(line1); });
+    const bool isDayKnown = label.step([&] { epochDay = elementEpochDay(line1); });
+    if (!isYearKnown || !isDayKnown) return;
     label.step([&] {
         const double now = NowLocal(services.clock);
         const std::string age = elementAgeText(DayOfYear(monthDayYearText(now)) - epochDay);

@@ -14,6 +14,8 @@
 #include "core/shell/status_panel.h"
 #include "core/texts.h"
 #include "core/view_words.h"
+#include "orbit/engine_access.h"
+#include "orbit/orbit_engine.h"
 
 namespace vantrace {
 
@@ -87,6 +89,8 @@ void Form_Activate(MainForm& form, ProgramState& state, Services& services) {
     label.step([&] { dispatchNextView(state, services); });
     state.NextView.clear();
     label.step([&] { FixGPSKeps(state, services); });
+    // The engine read the panel's files before their names were made short.
+    label.step([&] { engineOf(state).EngineSetKepPath(state.AppPath); });
     label.step([&] { services.windows.unload("frmSplash"); });
     label.step([&] {
         // A view that the command line asked for comes first.

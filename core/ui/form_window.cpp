@@ -75,6 +75,8 @@ void FormWindow::unload() {
 }
 
 void FormWindow::show() {
+    // What was typed since the last handler is kept.
+    if (m_wasShown && m_running == 0 && !m_isRetired) readControls();
     writeControls();
     if (!std::exchange(m_wasShown, true)) fitToScreen();
     setWindowState(windowState() & ~Qt::WindowMinimized);

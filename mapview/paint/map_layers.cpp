@@ -119,13 +119,13 @@ void paintBackground(const MapFrame& frame) {
     const Surface& world = frame.surfaces.WorldNormal;
     // A window may be too small for a map.
     if (Final.width() == 0 || Final.height() == 0) return;
+    const Area all(0, 0, Final.width(), Final.height());
     bool isPainted = false;
     frame.label.step([&] {
-        isPainted = view == MapView::worldAlternative
-                        ? paintHalves(Final, world)
-                        : Final.stretch({0.0, 0.0, static_cast<double>(Final.width()),
-                                         static_cast<double>(Final.height())},
-                                        world, sourceArea(view, world));
+        isPainted = frame.surfaces.ground.lay(Final, world, static_cast<int>(view), [&] {
+            return view == MapView::worldAlternative ? paintHalves(Final, world)
+                                                     : Final.stretch(all, world, sourceArea(view, world));
+        });
     });
     if (isPainted) return;
     Final.clear();

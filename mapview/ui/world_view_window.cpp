@@ -46,7 +46,8 @@ WorldView::WorldView(WindowHost& host, MapState& map, ProgramState& state, Servi
       m_timer1(addTimer(QStringLiteral("Timer1"), [this] { Timer1_Timer(m_world); })),
       m_timer2(addTimer(QStringLiteral("Timer2"), [this] { Timer2_Timer(m_world); })),
       m_refresh(addTimer(QStringLiteral("refresh"), [this] {
-          if (m_form.Timer1.isEnabled) paintFrame(m_world);
+          // The first frame is the clock's, which has placed the satellites.
+          if (m_form.Timer1.isEnabled && m_form.frames > 0) paintFrame(m_world);
       })) {
     m_ui->setupUi(this);
     m_refresh->setSingleShot(true);

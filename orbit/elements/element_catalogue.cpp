@@ -2,6 +2,7 @@
 
 #include <sys/stat.h>
 
+#include <algorithm>
 #include <bitset>
 #include <fstream>
 #include <optional>
@@ -47,6 +48,9 @@ std::optional<std::string> fileStart(const std::filesystem::path& path) {
 
 /// A file of nothing but bad sets must not fill the memory with complaints.
 void keepRemark(ElementFile& file, ElementRemark&& remark) {
+    if (!remark.used && !remark.name.empty()) {
+        file.leftOutNames.append(remark.name).push_back('\n');
+    }
     constexpr std::size_t mostRemarks = 1000;
     if (file.remarks.size() < mostRemarks) {
         file.remarks.push_back(std::move(remark));
@@ -168,8 +172,15 @@ void ElementCatalogue::indexSet(const ElementSet& set, const ElementFile& file) 
     }
 }
 
+bool ElementCatalogue::mayHold(std::string_view name) const {
+    return std::any_of(m_files.begin(), m_files.end(), [name](const auto& item) {
+        const ElementFile& file = item.second->file;
+        return !file.failure.empty() || file.leftOutNames.find(name) != std::string::npos;
+    });
+}
+
 const CatalogueEntry* ElementCatalogue::find(std::string_view name) const {
-    const std::string_view wanted = trimmed(name);
+    const std::string_view wanted = trimmed(withoutNameMark(trimmed(name)));
     if (const auto exact = m_byName.find(wanted); exact != m_byName.end()) {
         return exact->second;
     }

@@ -21,6 +21,7 @@ struct ElementFile {
     std::vector<ElementSet> sets;        ///< the good ones, in file order
     std::vector<ElementRemark> remarks;  ///< sets left out, and odd ones that are used; the first 1000
     std::size_t furtherRemarks = 0;      ///< how many more there are
+    std::string leftOutNames;            ///< of the sets left out, as far as known, each ended by a line feed
     std::string failure;                 ///< why the file could not be read at all, else empty
     bool holdsElements = false;          ///< looks like element sets by content
 };
@@ -44,8 +45,13 @@ class ElementCatalogue {
     /// Every name once, in the order of files and sets, each ended by a line feed.
     const std::string& nameList() const { return m_nameList; }
 
-    /// By the trimmed name; failing that, as a name cut to 15 characters: the first set whose name begins
-    /// with it. Null when there is none. A name that several sets bear is answered from the newest epoch.
+    /// Whether the folder names the satellite although it can't be found: in a set that was left out, or,
+    /// for all that is known, in a file that could not be read.
+    bool mayHold(std::string_view name) const;
+
+    /// By the trimmed name, with or without "0 " in front; failing that, as a name cut to 15 characters: the
+    /// first set whose name begins with it. Null when there is none. A name that several sets bear is
+    /// answered from the newest epoch.
     const CatalogueEntry* find(std::string_view name) const;
 
     /// One entry a name, in the order of files and sets.

@@ -36,12 +36,9 @@ bool resemblesElementLine(std::string_view line, char number) {
             std::count_if(line.begin(), line.end(), [](char c) { return c >= '0' && c <= '9'; }) > 25);
 }
 
-/// A name line without the "0 " that some publishers put in front, which may stand alone.
+/// The mark of a name line may stand alone.
 std::string_view trimmedName(std::string_view line) {
-    if (line.substr(0, 2) == "0 " || line == "0") {
-        line.remove_prefix(1);
-    }
-    return trimmed(line);
+    return line == "0" ? std::string_view() : trimmed(withoutNameMark(line));
 }
 
 /// A name goes to terminals and windows: control characters have no business in it.
@@ -123,6 +120,14 @@ class SetAssembler {
 };
 
 }  // namespace
+
+std::string_view withoutNameMark(std::string_view nameLine) {
+    constexpr std::string_view mark = "0 ";
+    if (nameLine.starts_with(mark)) {
+        nameLine.remove_prefix(mark.size());
+    }
+    return nameLine;
+}
 
 void readElementSets(std::string_view text, const ElementReceiver& receiver) {
     LineReader lines(text);

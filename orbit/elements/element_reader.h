@@ -28,6 +28,9 @@ struct ElementReceiver {
 /// Alpha-5 form. Nothing throws: whatever is wrong costs its own set alone.
 void readElementSets(std::string_view text, const ElementReceiver& receiver);
 
+/// A name line without the "0 " that some publishers put in front of the name.
+std::string_view withoutNameMark(std::string_view nameLine);
+
 /// Whether a text looks like element sets, whatever its file is called: somewhere in its first 64 KB stands a
 /// line 1 or a line 2.
 bool looksLikeElementSets(std::string_view text);

@@ -65,6 +65,10 @@ bool PassWizard::formQueryUnload() {
     return Form_QueryUnload(m_form, m_services);
 }
 
+void PassWizard::formUnload() {
+    Form_Unload(m_form);
+}
+
 void PassWizard::closeEvent(QCloseEvent* event) {
     event->ignore();
     handle([this] { BUTcancel_Click(m_form, m_services); });

@@ -30,6 +30,7 @@ class PassWizard final : public FormWindow, public PassWizardWindow {
   private:
     void formLoad() override;
     bool formQueryUnload() override;
+    void formUnload() override;
     void readControls() override;
     void writeControls() override;
     void showEvent(QShowEvent* event) override;

@@ -10,6 +10,7 @@
 #include <clocale>
 #include <cmath>
 #include <iterator>
+#include <utility>
 
 namespace vantrace {
 
@@ -39,8 +40,8 @@ class FontPlatform {
 
 namespace {
 
-/// A map full of satellites has some hundred names on it.
-constexpr std::size_t knownTexts = 2000;
+/// A map with 500 names on it, on a screen of the highest density, takes some 10 MB.
+constexpr std::size_t mostRecentBytes = 16'000'000;
 /// Longer than any screen is wide, and short enough for a picture.
 constexpr qsizetype greatestLetters = 1000;
 constexpr double pixelsPerPoint = 96.0 / 72.0;
@@ -156,14 +157,29 @@ QtTextPainter::~QtTextPainter() = default;
 const TextCoverage& QtTextPainter::coverageOf(const Font& font, std::string_view text,
                                               double devicePixelsPerPixel) {
     Key key{font.face, font.sizePoints * devicePixelsPerPixel, font.isBold, std::string(text)};
-    if (const auto known = m_known.find(key); known != m_known.end()) return known->second;
+    if (const auto known = m_recent.find(key); known != m_recent.end()) return known->second;
+    if (auto known = m_older.extract(key)) return keep(std::move(known));
     if (m_platform == nullptr) m_platform = std::make_unique<FontPlatform>();
-    if (m_known.size() >= knownTexts) m_known.clear();
     const QString line =
         QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())).left(greatestLetters);
     TextCoverage letters = painted(fontFor(font, devicePixelsPerPixel), line);
     addHalo(letters, devicePixelsPerPixel);
-    return m_known.emplace(std::move(key), std::move(letters)).first->second;
+    Known known;
+    known.emplace(std::move(key), std::move(letters));
+    return keep(known.extract(known.begin()));
+}
+
+const TextCoverage& QtTextPainter::keep(Known::node_type known) {
+    constexpr std::size_t bytesBeside = 300;
+    const TextCoverage& letters = known.mapped();
+    const std::size_t bytes =
+        std::get<3>(known.key()).size() + letters.coverage.size() + letters.halo.size() + bytesBeside;
+    if (m_recentBytes + bytes > mostRecentBytes) {
+        m_older = std::exchange(m_recent, {});
+        m_recentBytes = 0;
+    }
+    m_recentBytes += bytes;
+    return m_recent.insert(std::move(known)).position->second;
 }
 
 }  // namespace vantrace

@@ -1,6 +1,7 @@
 // Lines of text as coverage, painted by Qt with the machine's own faces.
 #pragma once
 
+#include <cstddef>
 #include <map>
 #include <memory>
 #include <string>
@@ -27,11 +28,17 @@ class QtTextPainter final : public TextPainter {
                                    double devicePixelsPerPixel) override;
 
   private:
-    /// Names of satellites and places come again with each frame.
     using Key = std::tuple<std::string, double, bool, std::string>;
+    using Known = std::map<Key, TextCoverage>;
+
+    const TextCoverage& keep(Known::node_type known);
 
     std::unique_ptr<FontPlatform> m_platform;
-    std::map<Key, TextCoverage> m_known;
+    /// Names of satellites and places come again with each frame, lines that tell the time never. So what was
+    /// asked for lately is kept in one, and what was asked for before that in the other, which goes whole.
+    Known m_recent;
+    Known m_older;
+    std::size_t m_recentBytes = 0;
 };
 
 }  // namespace vantrace

@@ -68,7 +68,7 @@ TEST_F(SiteTest, IsReadFromTheSettingsWithWestLongitudeAndDecimalComma) {
     fakes.settings.set("Location Name", "Zuerich");
     fakes.settings.set("Latitude", "47,38");
     fakes.settings.set("Longitude", "351,46");
-    fakes.settings.set("HASL", "450");
+    fakes.settings.set("HASL", "450,0");
     const Texts arguments{"track", "ISS (ZARYA)", "--data", folder.path().string()};
     const CliResult stored = runBare(arguments);
     EXPECT_EQ(stored.err, "");

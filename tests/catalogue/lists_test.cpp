@@ -35,6 +35,16 @@ TEST_F(FavouritesTest, NamesThatNoElementFileHoldsLeaveTheFile) {
     EXPECT_EQ(state.Favourites[2].Name, "(AO-73)");
 }
 
+TEST_F(FavouritesTest, NamesOfSetsThatAreLeftOutStay) {
+    std::string damaged(gpsElements);
+    damaged.replace(damaged.find("9999\r"), 4, "9998");
+    folder.write("damaged.txt", damaged);
+    folder.write("marked.txt", "0 " + std::string(gpsElements.substr(gpsElements.find("GPS BIIR-8"))));
+    state.OrbitEngine->EngineSetKepPath(state.AppPath);
+    load("GPS BIIR-5  (PR\nMIR\n0 GPS BIIR-8  (\n");
+    EXPECT_EQ(file(), "GPS BIIR-5  (PR\r\nGPS BIIR-8  (\r\n") << "the mark in front is no part of a name";
+}
+
 TEST_F(FavouritesTest, LookingAtTheLinesWritesNothing) {
     const std::string content = "ISS (ZARYA)\nMIR\n\n";
     folder.write("faves.dat", content);

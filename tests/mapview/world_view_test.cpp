@@ -187,6 +187,22 @@ TEST_F(WorldViewTest, TheListIsGoneThroughRoundItsEnds) {
     EXPECT_EQ(state.PrimarySatIndex, 2);
 }
 
+TEST_F(WorldViewTest, TheChoiceOutlivesAnEditOfTheFavourites) {
+    load();
+    MFaveList_Click(world, 3);
+    std::swap(state.Favourites[1], state.Favourites[3]);
+    Form_Activate(world);
+    EXPECT_EQ(state.PrimarySatIndex, 1);
+    EXPECT_EQ(state.PrimarySatName, "INTELSAT 10-02");
+    MFaveList_Click(world, 2);
+    state.FavouriteCount = 1;
+    form.IPtext = "notes on another";
+    Form_Activate(world);
+    EXPECT_EQ(state.PrimarySatIndex, 1) << "the one that was chosen is a favourite no more";
+    EXPECT_EQ(state.PrimarySatName, "INTELSAT 10-02");
+    EXPECT_NE(form.IPtext, "notes on another");
+}
+
 TEST_F(WorldViewTest, AClickChoosesTheClosestByTheSumOfBothAxes) {
     load();
     form.layout.Final = {360, 180};

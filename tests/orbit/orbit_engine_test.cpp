@@ -138,15 +138,17 @@ TEST_F(OrbitEngineTest, AnObserverThatIsNoneIsRefusedAndTheOldOneStays) {
     loadShipped();
     setSite(52.0, 5.0, 10.0);
     const double range = engine.track("HST", noon).rangeKm;
-    for (const double latitude : {notANumber, infinite, 90.0001, -91.0}) {
-        expectFailure([&] { engine.EngineSetLatitude(latitude); });
-    }
     for (const double value : {notANumber, infinite, -infinite}) {
+        expectFailure([&] { engine.EngineSetLatitude(value); });
         expectFailure([&] { engine.EngineSetLongitude(value); });
         expectFailure([&] { engine.EngineSetHeight(value); });
     }
     EXPECT_EQ(engine.EngineGetLongitude(), 5.0);
     EXPECT_EQ(engine.track("HST", noon).rangeKm, range);
+    setSite(-90.0, 5.0, 10.0);
+    const double fromThePole = engine.track("HST", noon).rangeKm;
+    engine.EngineSetLatitude(-90.0001);
+    EXPECT_EQ(engine.track("HST", noon).rangeKm, fromThePole);
 }
 
 TEST_F(OrbitEngineTest, AnswersFromNewElementsOnceTheFolderIsReadAgain) {

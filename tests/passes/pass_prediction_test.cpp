@@ -77,6 +77,11 @@ TEST_F(PassPredictionTest, AChoiceInTheMiddleOfAnotherEndsIt) {
     };
     choose("Space Stations");
     EXPECT_EQ(form.SatelliteName.list, Texts{"INTELSAT 10-02"});
+    showFake("Main");
+    fakes.events.onYield = [&] { Form_Unload(form, services); };
+    fakes.events.yields = 0;
+    choose("Space Stations");
+    EXPECT_EQ(fakes.events.yields, 1) << "it ends with the window";
 }
 
 TEST_F(PassPredictionTest, WithoutASelectionTheButtonTellsHowManyThereAre) {

@@ -131,6 +131,20 @@ TEST_F(FileSettingsStoreTest, WhatCouldNotBeStoredIsStoredLater) {
     EXPECT_EQ(onDisk(), "[Vantrace/Settings]\nSkin=0\nVoice=3\n");
 }
 
+TEST_F(FileSettingsStoreTest, ADefaultGivesWayToWhatTheFileHoldsInTheEnd) {
+    std::filesystem::create_directories(path);
+    FileSettingsStore store(path);
+    for (const char* const key : {"Latitude", "Skin", "DMS", "Voice"}) store.setDefault(key, "0");
+    store.set("Skin", "0");
+    EXPECT_EQ(store.get("Latitude"), "0");
+    std::filesystem::remove(path);
+    writeToDisk("Latitude=48\nSkin=1\nDMS=\n");
+    store.refresh();
+    EXPECT_EQ(store.get("Latitude"), "48");
+    EXPECT_EQ(onDisk(), "[Vantrace/Settings]\nLatitude=48\nSkin=0\nDMS=0\nVoice=0\n")
+        << "the user chose the skin, if only what was the default";
+}
+
 TEST_F(FileSettingsStoreTest, ABinaryFileKeepsItsBytesBesideTheSettings) {
     std::string junk;
     for (int i = 0; i < 5000; ++i) junk += static_cast<char>(i * 37);

@@ -139,6 +139,22 @@ TEST(Stretch, ShrinkingAveragesOverTheArea) {
             }
         }
     }
+    // So many rows that pairs of them begin anywhere.
+    const Surface tall = noise(8, 37, 5);
+    Surface flat(8, 8);
+    flat.stretch(whole(flat), tall, whole(tall));
+    for (int y = 0; y < 8; ++y) {
+        const double from = y * 37 / 8.0;
+        const double to = (y + 1) * 37 / 8.0;
+        for (int x = 0; x < 8; ++x) {
+            double sum = 0;
+            for (int row = 0; row < 37; ++row) {
+                const double share = std::min(to, row + 1.0) - std::max(from, double{1} * row);
+                if (share > 0) sum += share * channelOf(wordAt(tall, x, row), 0);
+            }
+            ASSERT_NEAR(channelOf(wordAt(flat, x, y), 0), sum * 8 / 37, 0.6) << x << ", " << y;
+        }
+    }
     for (const auto& [width, height] : {std::pair{59, 41}, {37, 11}, {7, 42}, {60, 3}, {2, 1}}) {
         Surface smaller(width, height);
         smaller.stretch(whole(smaller), picture, whole(picture));

@@ -62,14 +62,14 @@ TEST(StationOptions, HaveTheirUsualValuesAndTakeOthers) {
 TEST(StationOptions, MistakesNameTheirOption) {
     const std::vector<std::pair<std::string, Texts>> wrong{
         {"--rotator", {"nohost", ":4533", "a:0", "a:65536"}},
-        {"--radio", {"a b:1"}},
+        {"--radio", {"a b:1", "localhost:4533"}},
         {"--azimuth", {"0", "360,0", "0,x"}},
         {"--elevation", {"0,181"}},
         {"--dead-band", {"-1"}},
         {"--lead", {"soon"}},
         {"--park", {"1,2,3", "0,181", "0,-91"}},
         {"--line", {"127.0.0.1"}},
-        {"--transmitter", {"host:12x", "127.0.0.1:4532"}},
+        {"--transmitter", {"host:12x", "127.0.0.1:4532", "[::1]:4533"}},
         {"--receive-vfo", {"A B"}},
         {"--transmit-vfo", {""}}};
     for (const auto& [option, values] : wrong) {

@@ -45,6 +45,12 @@ TEST_F(MainMenuTest, ResetAsksFirstAndAlwaysEndsTheProcess) {
     run("Mreset");
     EXPECT_EQ(fakes.dialogs.messages.back(), fakes.process.failure);
     EXPECT_EQ(fakes.process.ends, (std::vector{0, 0})) << "also where it can't be started anew";
+
+    WindowScript& wizard = fakeWindow("PassWizard");
+    services.windows.show("PassWizard");
+    wizard.staysOpen = true;
+    run("Mreset");
+    EXPECT_EQ(fakes.process.ends.size(), 2U) << "the user wants the job in it";
 }
 
 TEST_F(MainMenuTest, AboutSpeechNeedsTheSettingToBeOne) {

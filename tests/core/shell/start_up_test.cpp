@@ -133,6 +133,10 @@ TEST_F(StartUpTest, AFailedStepIsLoggedWithItsPhaseAndTheNextOneRuns) {
     EXPECT_EQ(state.ObserverLatitude, 0);
     EXPECT_EQ(state.ObserverLongitude, 10);
     EXPECT_EQ(form.Dstatus, "2 Satellites in the Keplerian Files (1 groups)");
+    services.format.decimalMark = ',';
+    fakes.settings.set("HASL", "high");
+    start();
+    EXPECT_EQ(fakes.logged(labels::mainLoadAllSettings), 3) << "latitude and height, once each";
 }
 
 TEST_F(StartUpTest, AProgramWithoutVoiceOrSwitchOfTheScreenStartsAllTheSame) {

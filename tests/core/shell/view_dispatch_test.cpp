@@ -189,7 +189,20 @@ TEST_F(ViewDispatchTest, WithoutGroupsThePanelStaysAndWithoutTheirFilesPlaceAndS
     services.windows.show("Main");
     EXPECT_EQ(form.Status3, "Current Location settings are: Vienna");
     EXPECT_NE(form.lblSunRiseSet, "");
+    EXPECT_EQ(form.Status2, "") << "nobody knows an age";
     EXPECT_EQ(fakes.logged(labels::mainFormActivate), 3) << "the line, its year, its day";
+}
+
+TEST_F(ViewDispatchTest, NavigationSatellitesOfAFreshFileAreKnownByTheirShortNames) {
+    std::string fresh(stationSets);
+    fresh.replace(fresh.find("ISS (ZARYA)         "), 20, "GPS BIIR-5  (PRN 22)");
+    folder.write("gps-ops.txt", fresh);
+    folder.write("faves.dat", "GPS PRN 22\r\n");
+    services.windows.show("Main");
+    EXPECT_EQ(state.Favourites[1].Name, "GPS PRN 22");
+    folder.write("gps-ops.txt", fresh);
+    Form_Activate(form, state, services);
+    EXPECT_NO_THROW(state.OrbitEngine->EngineTrack("GPS PRN 22", 2461275.5, 0, 0));
 }
 
 }  // namespace

@@ -58,6 +58,7 @@ TEST_F(ElementCatalogueTest, LooksNamesUpTrimmedAndExact) {
     refresh();
     EXPECT_EQ(numberOf("HST"), 20580);
     EXPECT_EQ(numberOf("  HST   "), 20580);
+    EXPECT_EQ(numberOf("0 HST"), 20580);
     EXPECT_EQ(numberOf("hst"), 1);
     for (const char* name : {"Hst", "HS", "HST 2", "", "   "}) EXPECT_EQ(numberOf(name), -1) << name;
 }

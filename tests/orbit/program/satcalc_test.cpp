@@ -135,6 +135,13 @@ TEST_F(SatcalcTest, AFailureIsLoggedAndKeepsTheFieldsAndTheObserverIsAlwaysPutBa
     EXPECT_EQ(state.SatLongitude, longitude);
     EXPECT_EQ(state.SatRange, range);
     EXPECT_EQ(state.OrbitEngine->EngineGetLongitude(), 5.0);
+    // A settings file can hold any latitude.
+    state.ObserverLatitude = -200;
+    state.OrbitEngine->EngineSetLatitude(-200);
+    const double southOfAll = expected("moon").elevationRad;
+    state.PrimarySatName = station;
+    calculate(station, true);
+    EXPECT_EQ(expected("moon").elevationRad, southOfAll);
 }
 
 TEST_F(SatcalcTest, WithoutAnEngineOnlyTheLogTells) {

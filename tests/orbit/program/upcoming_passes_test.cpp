@@ -120,7 +120,17 @@ TEST_F(UpcomingPasses, OneThatNeverRisesIsNeitherShownNorAnnounced) {
     update(true);
     EXPECT_EQ(panel.plainText().find("INTELSAT"), std::string::npos) << panel.plainText();
     EXPECT_NE(panel.plainText().find("ISS"), std::string::npos);
+    EXPECT_NE(panel.plainText().find("FUNCUBE"), std::string::npos) << "the other one is the last to rise";
     EXPECT_EQ(fakes.logged(labels::globalUpdateQuickETA), 0);
+}
+
+TEST_F(UpcomingPasses, OneThatNeverSetsHasNoTimeAndIsNotAnnounced) {
+    state.OrbitEngine->EngineSetLongitude(0.0);
+    addFavourite("INTELSAT 10-02", 30);
+    fakes.clock.setUtc({2026, 8, 21, 12, 58, 0}, 0);
+    update(true);
+    EXPECT_TRUE(panel.plainText().ends_with("INTELSAT 10-02\tNOW     --:--\n")) << panel.plainText();
+    EXPECT_TRUE(fakes.speech.texts.empty());
 }
 
 TEST_F(UpcomingPasses, LeavingTheMapDuringARunEndsThePanelForGood) {

@@ -275,6 +275,9 @@ TEST_F(PassWindowsTest, TheWizardOutlivesItsParentAndAsksBeforeItGoes) {
     click(window, "PresetAdd");
     PassWizard* const wizard = windowOnScreen<PassWizard>();
     ASSERT_NE(wizard, nullptr);
+    QTest::keyClicks(childOf<QLineEdit>(wizard, "Tname"), "La");
+    click(window, "PresetAdd");
+    EXPECT_EQ(textOf(wizard, "Tname"), "La") << "what is typed stays when the window is asked for again";
     click(window, "BUTexit");
     settle();
     ASSERT_FALSE(fakes.windows.isLoaded("PassPrediction"));
@@ -285,7 +288,7 @@ TEST_F(PassWindowsTest, TheWizardOutlivesItsParentAndAsksBeforeItGoes) {
     EXPECT_EQ(fakes.dialogs.titles, Texts(2, "Cancel Job"));
     ASSERT_NE(windowOnScreen<PassWizard>(), nullptr);
 
-    QTest::keyClicks(childOf<QLineEdit>(wizard, "Tname"), "Late");
+    QTest::keyClicks(childOf<QLineEdit>(wizard, "Tname"), "te");
     QTest::keyClicks(childOf<QLineEdit>(wizard, "Tnumofdays"), "1");
     pick(wizard, "COMgroup", "Space Stations");
     pick(wizard, "COMsatname", "ISS (ZARYA)");
