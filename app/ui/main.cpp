@@ -65,9 +65,8 @@ bool asksForText(int argc, char** argv) {
 
 /// Without a screen Qt would end the process with a dump of its memory.
 void endInOrder(QtMsgType type, const QMessageLogContext& /*context*/, const QString& text) {
-    if (type != QtFatalMsg) return;
     std::fprintf(stderr, "vantrace: %s\n", text.trimmed().toLocal8Bit().constData());
-    std::_Exit(EXIT_FAILURE);
+    if (type == QtFatalMsg) std::_Exit(EXIT_FAILURE);
 }
 
 std::unique_ptr<QCoreApplication> makeApplication(int& argc, char** argv) {

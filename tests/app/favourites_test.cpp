@@ -34,6 +34,11 @@ TEST_F(FavouritesTest, UnknownOnesAreToldAndTheFileStaysAsItIs) {
     for (const char* name : {"\"GONE SAT\"", "\"ZARYA\""})
         EXPECT_NE(result.err.find(name), std::string::npos);
     EXPECT_EQ(folder.read("faves.dat"), lines);
+    // It falls before it rises again.
+    const CliResult last = runCsv({"favourites", "--at", "2026-08-27T00:00:00Z"});
+    EXPECT_EQ(last.status, 1);
+    EXPECT_NE(csvColumn(last, "height_km").at(0), "");
+    EXPECT_NE(last.err.find("decayed"), std::string::npos) << last.err;
     std::filesystem::remove(folder.path() / "faves.dat");
     expectFailure(2, {"favourites", "--format=csv"}, {"faves.dat"});
 }
