@@ -55,12 +55,12 @@ double dayNumber(const WholeSeconds& time) {
 }
 
 WholeSeconds carried(const DateParts& parts) {
-    const std::int64_t months = std::int64_t{parts.year} * 12 + parts.month - 1;
-    const std::int64_t year = floorDivided(months, 12);
+    const std::int64_t monthsSinceYear0 = std::int64_t{parts.year} * 12 + parts.month - 1;
+    const std::int64_t year = floorDivided(monthsSinceYear0, 12);
     const std::int64_t seconds =
         std::int64_t{parts.hour} * 3600 + std::int64_t{parts.minute} * 60 + parts.second;
     const std::int64_t days = floorDivided(seconds, secondsPerDay);
-    return {dayOfMonthStart(year, months - year * 12 + 1) + parts.day - 1 + days,
+    return {dayOfMonthStart(year, monthsSinceYear0 - year * 12 + 1) + parts.day - 1 + days,
             seconds - days * secondsPerDay};
 }
 

@@ -5,6 +5,9 @@
 
 namespace vantrace {
 
+/// Half a second: day numbers of the clock are whole seconds, but not to the last bit.
+inline constexpr double slackDays = 0.5 / 86400;
+
 /// A date-time is a double: the whole part counts days from 1899-12-30, the fraction is the time of day, also
 /// before that day (-0.25 is 18:00 of 1899-12-29). Local time or UTC, by the routine that made it.
 using DateParts = ClockParts;

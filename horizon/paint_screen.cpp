@@ -21,10 +21,6 @@ namespace vantrace {
 
 namespace {
 
-constexpr Colour yellow = 0x00FFFF;
-constexpr Colour white = 0xFFFFFF;
-constexpr Colour black = 0;
-
 struct SkyFrame {
     HorizonSurfaces& surfaces;
     const HorizonForm& form;
@@ -40,9 +36,9 @@ struct SkyFrame {
     void print(const std::string& text) const { Final().print(services.textPainter, text); }
     /// A text in yellow, with a black dot at its start.
     void printFromDot(double x, double y, const std::string& text) const {
-        Final().setPenColour(black);
+        Final().setPenColour(colours::black);
         Final().plot(x, y);
-        Final().setPenColour(yellow);
+        Final().setPenColour(colours::yellow);
         print(text);
     }
     std::string angle(double degrees) const {
@@ -142,7 +138,7 @@ void paintSatellite(const SkyFrame& frame, int index) {
                     frame.surfaces.SatMask[look.picture], frame.surfaces.SatPic[look.picture]);
     });
     frame.Final().movePen(place.x - look.nameOffset, place.y - above);
-    frame.Final().setPenColour(white);
+    frame.Final().setPenColour(colours::white);
     frame.label.step([&] { frame.print(favourite.Name); });
 }
 

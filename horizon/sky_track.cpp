@@ -16,8 +16,6 @@ namespace vantrace {
 
 namespace {
 
-constexpr Colour green = 65280;
-
 /// Each carry happens only where it comes out even: from an odd second on the seconds run past 60.
 void addTwoSeconds(ClockParts& time) {
     time.second += 2;
@@ -63,7 +61,7 @@ void DrawSkyTrack(HorizonSurfaces& surfaces, const HorizonForm& form, ProgramSta
         if (!isPlaced(state, services, label, name, time)) return;
         if (i == 0 && state.SatElevation < 0) state.PrimarySatIndex = 0;
         if (state.SatElevation < 0) return;
-        Final.setPenColour(green);
+        Final.setPenColour(colours::green);
         Final.plot(AzimuthToX(form.CenteredNorth, Final.width(), state.SatAzimuth),
                    ElevationToY(Final.height(), state.SatElevation));
         addTwoSeconds(time);

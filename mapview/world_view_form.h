@@ -93,12 +93,10 @@ struct WorldViewForm {
 /// The colour of a line of the pane: pale cyan for the satellite, yellow for the sun, white for the moon.
 constexpr Colour remoteStatColour(std::size_t line) {
     constexpr Colour paleCyan = 0xFFFF80;
-    constexpr Colour yellow = 0x00FFFF;
-    constexpr Colour white = 0xFFFFFF;
     if (line == 11 || line == 12) {
-        return yellow;
+        return colours::yellow;
     }
-    return line >= 13 && line <= 16 ? white : paleCyan;
+    return line >= 13 && line <= 16 ? colours::white : paleCyan;
 }
 
 }  // namespace vantrace

@@ -5,6 +5,8 @@
 #include <cstddef>
 #include <stdexcept>
 
+#include "orbit/instant.h"
+
 namespace vantrace {
 
 namespace {
@@ -14,8 +16,6 @@ constexpr double shortPi = 3.1415926535;
 constexpr double shortTwoPi = 6.283185307;
 
 constexpr double highestLatitudeDeg = 89.8;
-constexpr double minutesPerDay = 1440.0;
-constexpr double secondsPerDay = 86400.0;
 
 /// Nearest whole hour, halves to even.
 int wholeHour(double hours) {

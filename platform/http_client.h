@@ -43,6 +43,13 @@ enum class HttpFailure : std::int16_t {
     other = 13,
 };
 
+namespace http_status {
+
+inline constexpr int ok = 200;
+inline constexpr int forbidden = 403;
+
+}  // namespace http_status
+
 struct HttpAnswer {
     /// None: an answer came, and its body is in the file, whole.
     HttpFailure failure = HttpFailure::none;

@@ -11,7 +11,7 @@ namespace vantrace {
 
 namespace {
 
-constexpr std::array columns{
+constexpr std::array checkColumns{
     Column{"file", "file", ValueForm::text},     Column{"good_sets", "good sets", ValueForm::count},
     Column{"line", "line", ValueForm::count},    Column{"name", "name", ValueForm::text},
     Column{"status", "status", ValueForm::text}, Column{"reason", "reason", ValueForm::text},
@@ -59,7 +59,7 @@ std::string summary(const Totals& totals, std::int32_t satellites) {
 
 int runCheck(const CommandContext& context) {
     const ElementCatalogue& catalogue = context.engine().catalogue();
-    const std::unique_ptr<RowWriter> rows = context.rows(columns);
+    const std::unique_ptr<RowWriter> rows = context.rows(checkColumns);
     Totals totals;
     for (const ElementFile* file : catalogue.files()) addFile(*file, *rows, totals);
     rows->finish();

@@ -10,7 +10,7 @@ namespace vantrace {
 
 namespace {
 
-constexpr std::array columns{
+constexpr std::array favouriteColumns{
     Column{"name", "name", ValueForm::text},
     Column{"utc", "", ValueForm::moment},
     Column{"azimuth_deg", "az", ValueForm::figure, 1},
@@ -29,7 +29,7 @@ Value timeValue(const std::optional<Instant>& time) {
 
 Row favouriteRow(const SkyEntry& entry, const Instant& time) {
     const auto degrees = [](double radians) { return radians / radiansPerDegree; };
-    Row row(columns.size());
+    Row row(favouriteColumns.size());
     row[0] = entry.name;
     row[1] = time;
     if (entry.place) {
@@ -48,7 +48,7 @@ Row favouriteRow(const SkyEntry& entry, const Instant& time) {
 int runFavourites(const CommandContext& context) {
     const Instant time = timeOrNow(context, "at");
     const std::vector<std::string> names = knownFavourites(context);
-    const std::unique_ptr<RowWriter> rows = context.rows(columns);
+    const std::unique_ptr<RowWriter> rows = context.rows(favouriteColumns);
     bool isComplete = true;
     for (const std::string& name : names) {
         const SkyEntry entry = skyEntry(context, name, time);

@@ -13,7 +13,7 @@ namespace vantrace {
 
 namespace {
 
-constexpr std::array<Column, flareColumns> columns{{
+constexpr std::array<Column, flareColumns> flareTableColumns{{
     {"local_date", "date", ValueForm::text},
     {"local_time", "time", ValueForm::text},
     {"magnitude", "mag", ValueForm::text},
@@ -25,7 +25,7 @@ constexpr std::array<Column, flareColumns> columns{{
 }};
 
 void writeRows(const CommandContext& context, const FlareList& list) {
-    const std::unique_ptr<RowWriter> rows = context.rows(columns);
+    const std::unique_ptr<RowWriter> rows = context.rows(flareTableColumns);
     for (const FlareRow& row : list) rows->add({row.texts.begin(), row.texts.end()});
     rows->finish();
 }

@@ -18,7 +18,7 @@ namespace vantrace {
 
 namespace {
 
-constexpr std::array columns{
+constexpr std::array listColumns{
     Column{"name", "name", ValueForm::text},
     Column{"file", "file", ValueForm::text},
     Column{"epoch_utc", "epoch UTC", ValueForm::tenths},
@@ -72,7 +72,7 @@ Files filesOf(const CommandContext& context, std::string_view group) {
 int runList(const CommandContext& context) {
     const ElementCatalogue& catalogue = context.engine().catalogue();
     if (context.line.arguments.empty()) {
-        const std::unique_ptr<RowWriter> rows = context.rows(columns);
+        const std::unique_ptr<RowWriter> rows = context.rows(listColumns);
         for (const CatalogueEntry& entry : catalogue.entries()) rows->add(setRow(*entry.set, *entry.file));
         rows->finish();
         return exit_status::good;
@@ -81,7 +81,7 @@ int runList(const CommandContext& context) {
     for (const ElementFile* file : files) {
         if (!file->failure.empty()) throw UserError(file->name + ": " + file->failure);
     }
-    const std::unique_ptr<RowWriter> rows = context.rows(columns);
+    const std::unique_ptr<RowWriter> rows = context.rows(listColumns);
     for (const ElementFile* file : files) {
         for (const ElementSet& set : file->sets) rows->add(setRow(set, *file));
     }

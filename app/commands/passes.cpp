@@ -13,7 +13,7 @@ namespace vantrace {
 
 namespace {
 
-constexpr std::array columns{
+constexpr std::array passColumns{
     Column{"name", "name", ValueForm::text},
     Column{"rise_utc", "rise UTC", ValueForm::tenths},
     Column{"rise_azimuth_deg", "az", ValueForm::figure, 0},
@@ -85,7 +85,7 @@ bool addPasses(const CommandContext& context, const std::string& name, const Spa
 int runPasses(const CommandContext& context) {
     const std::vector<std::string> names = namesOf(context, true);
     const Span span = spanOf(context);
-    const std::unique_ptr<RowWriter> rows = context.rows(columns);
+    const std::unique_ptr<RowWriter> rows = context.rows(passColumns);
     bool isComplete = true;
     for (const std::string& name : names) isComplete = addPasses(context, name, span, *rows) && isComplete;
     rows->finish();

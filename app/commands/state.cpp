@@ -10,7 +10,7 @@ namespace vantrace {
 
 namespace {
 
-constexpr std::array columns{
+constexpr std::array stateColumns{
     Column{"name", "name", ValueForm::text},
     Column{"minutes", "minutes", ValueForm::figure, 3},
     Column{"x_km", "x km", ValueForm::figure, 4},
@@ -30,7 +30,7 @@ bool addRow(const CommandContext& context, const std::string& name, double minut
         return true;
     } catch (const EngineError& failure) {
         context.console().complain(failure.what());
-        Row row(columns.size());
+        Row row(stateColumns.size());
         row[0] = name;
         row[1] = minutes;
         rows.add(row);
@@ -45,7 +45,7 @@ int runState(const CommandContext& context) {
     if (!minutesText) throw UserError("state needs --minutes M1,M2,...");
     const std::vector<double> minutes = numberListOption("minutes", *minutesText, minutesRange);
     const std::vector<std::string> names = namesOf(context, false);
-    const std::unique_ptr<RowWriter> rows = context.rows(columns);
+    const std::unique_ptr<RowWriter> rows = context.rows(stateColumns);
     bool isComplete = true;
     for (const std::string& name : names) {
         for (const double each : minutes) isComplete = addRow(context, name, each, *rows) && isComplete;

@@ -12,7 +12,7 @@ namespace vantrace {
 
 namespace {
 
-constexpr std::array columns{
+constexpr std::array todaysPassColumns{
     Column{"name", "name", ValueForm::text},
     Column{"rise", "rises UTC", ValueForm::count},
     Column{"rise_local", "local", ValueForm::count},
@@ -92,7 +92,7 @@ bool writeTodaysPasses(const CommandContext& context, const std::vector<std::str
     for (const TodaysPass& pass : today.passes) guarded([&] { rows.push_back(passRow(context, pass, now)); });
     std::ostream& out = context.console().out;
     out << "\nPASSES OF THE NEXT 24 HOURS\n\n";
-    writeTable(columns, rows, out);
+    writeTable(todaysPassColumns, rows, out);
     for (const std::string& name : today.alwaysUp) out << "\n" << printable(name) << " is up all the time.";
     if (!today.alwaysUp.empty()) out << "\n";
     return today.isComplete;

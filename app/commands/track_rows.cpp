@@ -10,7 +10,7 @@ namespace vantrace {
 
 namespace {
 
-constexpr std::array columns{
+constexpr std::array rowColumns{
     Column{"name", "name", ValueForm::text},
     Column{"utc", "UTC", ValueForm::moment},
     Column{"azimuth_deg", "az", ValueForm::figure, 1},
@@ -33,7 +33,7 @@ double degrees(double radians) {
 }  // namespace
 
 std::span<const Column> trackColumns() {
-    return columns;
+    return rowColumns;
 }
 
 Row trackRow(OrbitEngine& engine, const std::string& name, const Instant& time) {
@@ -54,7 +54,7 @@ Row trackRow(OrbitEngine& engine, const std::string& name, const Instant& time) 
 }
 
 Row failedTrackRow(const std::string& name, const Value& time) {
-    Row row(columns.size());
+    Row row(rowColumns.size());
     row[0] = name;
     row[1] = time;
     return row;

@@ -8,8 +8,6 @@ namespace {
 
 constexpr std::chrono::seconds patience{5};
 constexpr double restDays = 60.0 / 86400;
-/// Half a second: day numbers are whole seconds, but not to the last bit.
-constexpr double slackDays = 0.5 / 86400;
 
 /// Says nothing about the next request to the same host.
 bool isOfThisFileAlone(HttpFailure failure) {

@@ -27,12 +27,6 @@ constexpr std::size_t mostRemarks = 20;
 constexpr int mostRedirects = 10;
 /// Of all the redirects in front of an answer.
 constexpr std::chrono::minutes longestWay{1};
-constexpr int ok = 200;
-constexpr int forbidden = 403;
-
-FetchError error(FetchFailure failure, std::string message) {
-    return {std::move(message), static_cast<std::int16_t>(failure)};
-}
 
 FetchError errorOf(const HttpAnswer& answer) {
     constexpr std::size_t longestLocation = 200;
@@ -43,7 +37,7 @@ FetchError errorOf(const HttpAnswer& answer) {
 }
 
 bool isWell(const HttpAnswer& answer) {
-    return answer.failure == HttpFailure::none && answer.status == ok;
+    return answer.failure == HttpFailure::none && answer.status == http_status::ok;
 }
 
 /// In lower case, with one blank for each run of blanks and line ends.
@@ -59,7 +53,7 @@ std::string folded(std::string_view text) {
 
 /// Of those that come with 403, the one that says that there is nothing newer than what was fetched before.
 bool saysUnchanged(const HttpAnswer& answer, const std::filesystem::path& body) {
-    if (answer.failure != HttpFailure::none || answer.status != forbidden) return false;
+    if (answer.failure != HttpFailure::none || answer.status != http_status::forbidden) return false;
     constexpr std::array<std::string_view, 4> phrases{"not updated since", "not been updated since",
                                                       "not changed since", "not been changed since"};
     try {
@@ -129,14 +123,14 @@ std::optional<FetchError> HttpFetcher::FetchToFileViaProxy(std::string_view url,
     if (proxy.host.starts_with('[') && proxy.host.ends_with(']')) {
         proxy.host = proxy.host.substr(1, proxy.host.size() - 2);
     }
-    if (proxy.host.empty()) return error(FetchFailure::proxyWords, "The proxy has no host");
+    if (proxy.host.empty()) return fetchError(FetchFailure::proxyWords, "The proxy has no host");
     if (!isHostName(proxy.host)) {
-        return error(FetchFailure::proxyWords,
-                     "The proxy's host \"" + proxy.host + "\" is no name of a host");
+        return fetchError(FetchFailure::proxyWords,
+                          "The proxy's host \"" + proxy.host + "\" is no name of a host");
     }
     if (!isPort(trimmed(proxyPort), proxy.port)) {
-        return error(FetchFailure::proxyWords,
-                     "The proxy's port \"" + std::string(proxyPort) + "\" is no number from 1 to 65535");
+        return fetchError(FetchFailure::proxyWords,
+                          "The proxy's port \"" + std::string(proxyPort) + "\" is no number from 1 to 65535");
     }
     proxy.user = proxyUser;
     if (!proxy.user.empty()) proxy.password = proxyPass;
@@ -202,7 +196,8 @@ HttpAnswer HttpFetcher::askOn(std::string url, const std::filesystem::path& body
 
 std::optional<FetchError> HttpFetcher::fetchPlainly(const std::string& url, const std::string& file,
                                                     const std::optional<HttpProxy>& proxy) {
-    if (auto reason = restReason(url, proxy); !reason.empty()) return error(FetchFailure::tooEarly, reason);
+    if (auto reason = restReason(url, proxy); !reason.empty())
+        return fetchError(FetchFailure::tooEarly, reason);
     const PartFile part(file);
     const HttpAnswer answer = askOn(url, part.path(), proxy);
     if (!isWell(answer)) return errorOf(answer);
@@ -215,7 +210,7 @@ std::optional<FetchError> HttpFetcher::fetchElements(const ElementRequest& reque
     const std::string& folder = m_state.AppPath;
     if (auto refusal = m_rules.refusal(folder, request)) return refusal;
     if (auto reason = restReason(request.url, proxy); !reason.empty()) {
-        return error(FetchFailure::tooEarly, reason);
+        return fetchError(FetchFailure::tooEarly, reason);
     }
     const PartFile part(file);
     m_rules.noteRequest(folder, request);
@@ -232,10 +227,11 @@ std::optional<FetchError> HttpFetcher::fetchElements(const ElementRequest& reque
     m_rules.noteAnswer(folder, sentOn.value_or(request), answer, isUnchanged);
     if (isUnchanged) {
         if (std::filesystem::exists(file)) return std::nullopt;
-        return error(FetchFailure::notKept,
-                     "Nothing has changed since the last fetch, says the server, but there is no such file "
-                     "here" +
-                         m_rules.consequence(folder, request));
+        return fetchError(
+            FetchFailure::notKept,
+            "Nothing has changed since the last fetch, says the server, but there is no such file "
+            "here" +
+                m_rules.consequence(folder, request));
     }
     if (!isWell(answer)) {
         FetchError failure = errorOf(answer);
@@ -282,7 +278,7 @@ std::optional<FetchError> HttpFetcher::keepElements(const ElementRequest& reques
     m_rules.noteUseless(m_state.AppPath, request);
     std::string message = "The server's answer holds no good element set";
     if (!conversion.refused.empty()) message += " (" + conversion.refused.front() + ")";
-    return error(FetchFailure::noElements, message + m_rules.consequence(m_state.AppPath, request));
+    return fetchError(FetchFailure::noElements, message + m_rules.consequence(m_state.AppPath, request));
 }
 
 }  // namespace vantrace

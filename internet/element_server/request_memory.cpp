@@ -15,14 +15,12 @@ namespace vantrace {
 
 namespace {
 
-constexpr std::size_t longestFileBytes = 256 * 1024;
+constexpr std::size_t longestMemoryBytes = 256 * 1024;
 constexpr std::size_t mostRequests = 1000;
 
 constexpr double hoursADay = 24;
 constexpr double usualSpanDays = 2 / hoursADay;
 constexpr double unknownSpanDays = 7;
-/// Half a second: day numbers are whole seconds, but not to the last bit.
-constexpr double slackDays = 0.5 / 86400;
 
 /// "2026-11-23 06:18:38", of UTC.
 constexpr std::size_t timeLength = 19;
@@ -88,7 +86,7 @@ void RequestMemory::forget(const std::string& folder, const std::string& url) {
 bool RequestMemory::load(const std::string& folder) {
     std::string text;
     try {
-        text = readTextFile(folder + std::string(requestsFile), longestFileBytes);
+        text = readTextFile(folder + std::string(requestsFile), longestMemoryBytes);
     } catch (const FileError&) {
         // None yet, or one that tells nothing.
         return clean();

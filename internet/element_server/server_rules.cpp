@@ -6,21 +6,14 @@ namespace vantrace {
 
 namespace {
 
-constexpr int ok = 200;
-constexpr int forbidden = 403;
-
-FetchError error(FetchFailure failure, std::string message) {
-    return {std::move(message), static_cast<std::int16_t>(failure)};
-}
-
 /// Why an address has to wait, as far as its last answer tells.
 std::string reasonOfWait(const std::string& host, int status) {
     if (RequestMemory::isUnknown(status)) return "The server " + host + " had no such file";
     const std::string asked = "Asked less than two hours ago";
     switch (status) {
-        case ok:
+        case http_status::ok:
         // Another 403 stops the host, and then this isn't told.
-        case forbidden:
+        case http_status::forbidden:
             return asked + "; the server " + host + " has nothing newer yet";
         case RequestMemory::unanswered:
             return asked + ", without a whole answer of the server " + host;
@@ -35,23 +28,27 @@ std::string reasonOfWait(const std::string& host, int status) {
 
 }  // namespace
 
+FetchError fetchError(FetchFailure failure, std::string message) {
+    return {std::move(message), static_cast<std::int16_t>(failure)};
+}
+
 ServerRules::ServerRules(const Clock& clock) : m_clock(clock), m_memory(clock) {}
 
 std::optional<FetchError> ServerRules::refusal(const std::string& folder, const ElementRequest& request) {
     if (request.hasCeased) {
-        return error(FetchFailure::ceased,
-                     "The server " + request.host + " has no group \"" + request.group + "\" any more");
+        return fetchError(FetchFailure::ceased,
+                          "The server " + request.host + " has no group \"" + request.group + "\" any more");
     }
     if (const auto stopped = m_stopped.find(request.host); stopped != m_stopped.end()) {
-        return error(FetchFailure::hostStopped, "The server " + request.host + " answered " +
-                                                    stopped->second +
-                                                    " and isn't asked again until the program is restarted");
+        return fetchError(FetchFailure::hostStopped,
+                          "The server " + request.host + " answered " + stopped->second +
+                              " and isn't asked again until the program is restarted");
     }
     const auto wait = m_memory.waitFor(folder, request.url);
     if (!wait) return std::nullopt;
-    return error(FetchFailure::tooEarly, reasonOfWait(request.host, wait->status) +
-                                             "; not asked again before " +
-                                             toldTime(m_clock, wait->notBefore));
+    return fetchError(FetchFailure::tooEarly, reasonOfWait(request.host, wait->status) +
+                                                  "; not asked again before " +
+                                                  toldTime(m_clock, wait->notBefore));
 }
 
 void ServerRules::noteRequest(const std::string& folder, const ElementRequest& request) {
@@ -64,8 +61,8 @@ void ServerRules::noteAnswer(const std::string& folder, const ElementRequest& re
     if (!answer.mayHaveArrived) m_memory.forget(folder, request.url);
     // A proxy's refusal isn't the host's answer.
     if (answer.status == 0 || answer.failure == HttpFailure::proxy) return;
-    if (!isFailure || answer.status != ok) m_memory.note(folder, request.url, answer.status);
-    if (answer.status == ok || saysUnchanged) return;
+    if (!isFailure || answer.status != http_status::ok) m_memory.note(folder, request.url, answer.status);
+    if (answer.status == http_status::ok || saysUnchanged) return;
     const bool hasWords = !isFailure && !answer.text.empty();
     m_stopped.try_emplace(request.host,
                           std::to_string(answer.status) + (hasWords ? " (" + answer.text + ")" : ""));

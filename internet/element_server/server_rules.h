@@ -23,6 +23,8 @@ enum class FetchFailure : std::int16_t {
     notKept = 25,      ///< up to date, says the server, but the file isn't there
 };
 
+FetchError fetchError(FetchFailure failure, std::string message);
+
 /// The rules are those of https://celestrak.org/usage-policy.php: an address is asked at most once in two
 /// hours, since nothing is newer before; after any answer but 200, or the 403 that says that nothing has
 /// changed, the host isn't asked again until the program ends, also where that answer broke off.

@@ -7,14 +7,10 @@
 
 namespace vantrace {
 
-namespace {
-
 std::string withZeros(std::int64_t value, std::size_t width) {
     const std::string digits = std::to_string(value);
     return std::string(width - std::min(width, digits.size()), '0') + digits;
 }
-
-}  // namespace
 
 std::optional<std::string> fixedColumns(std::int64_t value, int decimals, std::size_t width) {
     const auto places = static_cast<std::size_t>(decimals);

@@ -1,6 +1,7 @@
 // Numbers and words as the fixed columns of element lines.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -9,6 +10,9 @@
 #include "internet/omm/decimal.h"
 
 namespace vantrace {
+
+/// A whole number of 0 and more, with zeros in front as far as it is shorter.
+std::string withZeros(std::int64_t value, std::size_t width);
 
 /// `value` in units of the last of `decimals` places, right-justified: 512 of 4 places in 8 columns is
 /// "  0.0512". Nothing where it doesn't fit or is negative.

@@ -5,6 +5,7 @@
 #include <cstdint>
 
 #include "core/texts.h"
+#include "internet/omm/element_columns.h"
 
 namespace vantrace {
 
@@ -90,11 +91,6 @@ std::optional<std::int64_t> readTimeOfDayNs(Scanner& scan) {
     scan.sign("Z");
     if (!scan.isAtEnd()) return std::nullopt;
     return ((*hour * 60 + *minute) * 60 + *second) * std::int64_t{1000000000} + fractionNs;
-}
-
-std::string withZeros(std::int64_t value, std::size_t width) {
-    const std::string digits = std::to_string(value);
-    return std::string(width - std::min(width, digits.size()), '0') + digits;
 }
 
 }  // namespace

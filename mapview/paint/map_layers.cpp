@@ -23,11 +23,6 @@ namespace vantrace {
 
 namespace {
 
-constexpr Colour green = 65280;
-constexpr Colour blue = 0xFF0000;
-constexpr Colour white = 0xFFFFFF;
-constexpr Colour black = 0;
-
 /// A region of the map: a quarter of it, from so many of its fourths on.
 Area regionOf(const Surface& world, int leftFourths, int topHalves) {
     const double width = toInteger32(world.width() / 2.0);
@@ -83,7 +78,7 @@ void paintLocation(const MapFrame& frame, const LocationRecord& location) {
     if (longitude == 0.0 || latitude == 0.0) return;
     Surface& Final = frame.surfaces.Final;
     const Place place = mapPlace(frame, latitude, longitude);
-    Final.setPenColour(green);
+    Final.setPenColour(colours::green);
     Final.plot(place.x - 3, place.y - 3);
     Final.print(frame.services.textPainter, location.Name);
 }
@@ -137,7 +132,7 @@ void paintObserver(const MapFrame& frame) {
     frame.label.step([&] {
         Surface& Final = frame.surfaces.Final;
         const Place place = mapPlace(frame, frame.state.ObserverLatitude, frame.state.ObserverLongitude);
-        Final.setPenColour(green);
+        Final.setPenColour(colours::green);
         Final.circle(place.x + 3, place.y - 3, 1);
         Final.print(frame.services.textPainter, frame.state.ObserverName);
     });
@@ -178,7 +173,7 @@ void paintMoon(const MapFrame& frame) {
 void paintStatusLine(const MapFrame& frame) {
     Surface& Final = frame.surfaces.Final;
     Final.movePen(0, 0);
-    Final.setPenColour(blue);
+    Final.setPenColour(colours::blue);
     Final.setFont({"Arial", 11, true});
     frame.label.step([&] { Final.print(frame.services.textPainter, " " + frame.map.StatusLine); });
 }
@@ -188,7 +183,7 @@ void paintBottomLine(const MapFrame& frame) {
     Surface& Final = frame.surfaces.Final;
     Final.setFont(mapFont());
     Final.movePen(0, Final.height() - height);
-    Final.setPenColour(isNorthern(mapViewOf(frame.state.MainTag)) ? white : black);
+    Final.setPenColour(isNorthern(mapViewOf(frame.state.MainTag)) ? colours::white : colours::black);
     Final.setFont({"Arial", 8, true});
     frame.label.step([&] {
         const auto& lines = frame.form.RemoteStat;

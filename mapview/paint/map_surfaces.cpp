@@ -13,12 +13,10 @@
 namespace vantrace {
 
 MapSurfaces::MapSurfaces() : Alpha(alphaSize.width, alphaSize.height) {
-    constexpr Colour black = 0;
-    constexpr Colour white = 0xFFFFFF;
     constexpr int finalPenWidth = 2;
-    Alpha.setBackgroundColour(black);
-    Alpha.setFillColour(white);
-    Final.setBackgroundColour(black);
+    Alpha.setBackgroundColour(colours::black);
+    Alpha.setFillColour(colours::white);
+    Final.setBackgroundColour(colours::black);
     Final.setPenWidth(finalPenWidth);
 }
 

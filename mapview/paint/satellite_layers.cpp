@@ -16,9 +16,6 @@ namespace vantrace {
 
 namespace {
 
-constexpr Colour orange = 33023;
-constexpr Colour white = 0xFFFFFF;
-
 void paintSatellite(const MapFrame& frame, const FavouriteRecord& favourite) {
     constexpr int size = 32;
     constexpr int cornerOffset = 14;
@@ -29,7 +26,7 @@ void paintSatellite(const MapFrame& frame, const FavouriteRecord& favourite) {
     paintSprite(Final, {place.x - cornerOffset, place.y - cornerOffset}, size,
                 frame.surfaces.SatMask[look.picture], frame.surfaces.SatPic[look.picture]);
     Final.movePen(place.x - labelOffset, place.y - look.labelLift);
-    Final.setPenColour(white);
+    Final.setPenColour(colours::white);
     Final.print(frame.services.textPainter, favourite.Name);
 }
 
@@ -66,7 +63,7 @@ void paintFootprint(const MapFrame& frame) {
     constexpr int step = 2;
     frame.label.step([&] {
         if (!isTrue(frame.services, settings::showFootprints)) return;
-        frame.surfaces.Final.setPenColour(orange);
+        frame.surfaces.Final.setPenColour(colours::orange);
         for (int i = 0; i <= lastPoint; i += step) {
             const MapPoint& point = frame.map.FootprintPoints[i];
             const Place place = mapPlace(frame, point.Latitude, point.Longitude);

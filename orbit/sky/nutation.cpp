@@ -11,12 +11,12 @@ namespace {
 
 /// Multiples of the arguments D, M, M', F and the node; sine of the longitude and cosine of the obliquity in
 /// units of 0.0001 arc seconds with their change a century.
-struct Term {
+struct NutationTerm {
     int d, m, mMoon, f, node;
     double longitude, longitudeRate, obliquity, obliquityRate;
 };
 
-constexpr std::array<Term, 21> terms = {{
+constexpr std::array<NutationTerm, 21> nutationTerms = {{
     {0, 0, 0, 0, 1, -171996, -174.2, 92025, 8.9},
     {-2, 0, 0, 2, 2, -13187, -1.6, 5736, -3.1},
     {0, 0, 0, 2, 2, -2274, -0.2, 977, -0.5},
@@ -50,7 +50,7 @@ Nutation nutation(double t) {
     const double node = (125.04452 + t * (-1934.136261 + t * (0.0020708 + t / 450000.0))) * radiansPerDegree;
     double longitude = 0.0;
     double obliquity = 0.0;
-    for (const Term& term : terms) {
+    for (const NutationTerm& term : nutationTerms) {
         const double angle = term.d * d + term.m * m + term.mMoon * mMoon + term.f * f + term.node * node;
         longitude += (term.longitude + term.longitudeRate * t) * std::sin(angle);
         obliquity += (term.obliquity + term.obliquityRate * t) * std::cos(angle);

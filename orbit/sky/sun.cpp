@@ -10,11 +10,11 @@ namespace vantrace {
 namespace {
 
 /// amplitude * cos(phase + rate * millennia); amplitudes in 1e-8 rad or 1e-8 astronomical units.
-struct Term {
+struct SunTerm {
     double amplitude, phase, rate;
 };
 
-constexpr Term longitude0[] = {
+constexpr SunTerm longitude0[] = {
     {175347046, 0, 0},
     {3341656, 4.6692568, 6283.0758500},
     {34894, 4.62610, 12566.15170},
@@ -69,7 +69,7 @@ constexpr Term longitude0[] = {
     {51, 0.28, 5856.48},
     {49, 0.49, 1194.45},
 };
-constexpr Term longitude1[] = {
+constexpr SunTerm longitude1[] = {
     {628331966747.0, 0, 0},     {206059, 2.678235, 6283.075850},
     {4303, 2.6351, 12566.1517}, {425, 1.590, 3.523},
     {119, 5.796, 26.298},       {109, 2.966, 1577.344},
@@ -79,17 +79,17 @@ constexpr Term longitude1[] = {
     {45, 0.40, 796.30},         {36, 0.47, 775.52},
     {29, 2.65, 7.11},
 };
-constexpr Term longitude2[] = {
+constexpr SunTerm longitude2[] = {
     {52919, 0, 0}, {8720, 1.0721, 6283.0758}, {309, 0.867, 12566.152}, {27, 0.05, 3.52}};
-constexpr Term longitude3[] = {{289, 5.844, 6283.076}, {35, 0, 0}, {17, 5.49, 12566.15}};
+constexpr SunTerm longitude3[] = {{289, 5.844, 6283.076}, {35, 0, 0}, {17, 5.49, 12566.15}};
 
-constexpr Term latitude0[] = {{280, 3.199, 84334.662},
-                              {102, 5.422, 5507.553},
-                              {80, 3.88, 5223.69},
-                              {44, 3.70, 2352.87},
-                              {32, 4.00, 1577.34}};
+constexpr SunTerm latitude0[] = {{280, 3.199, 84334.662},
+                                 {102, 5.422, 5507.553},
+                                 {80, 3.88, 5223.69},
+                                 {44, 3.70, 2352.87},
+                                 {32, 4.00, 1577.34}};
 
-constexpr Term radius0[] = {
+constexpr SunTerm radius0[] = {
     {100013989, 0, 0},
     {1670700, 3.0984635, 6283.0758500},
     {13956, 3.05525, 12566.15170},
@@ -108,12 +108,12 @@ constexpr Term radius0[] = {
     {175, 3.012, 18849.228},
     {110, 5.055, 5486.778},
 };
-constexpr Term radius1[] = {{103019, 1.107490, 6283.075850}, {1721, 1.0644, 12566.1517}, {702, 3.142, 0}};
-constexpr Term radius2[] = {{4359, 5.7846, 6283.0758}, {124, 5.579, 12566.152}};
+constexpr SunTerm radius1[] = {{103019, 1.107490, 6283.075850}, {1721, 1.0644, 12566.1517}, {702, 3.142, 0}};
+constexpr SunTerm radius2[] = {{4359, 5.7846, 6283.0758}, {124, 5.579, 12566.152}};
 
-double sum(std::span<const Term> terms, double millennia) {
+double sum(std::span<const SunTerm> terms, double millennia) {
     double total = 0.0;
-    for (const Term& term : terms) {
+    for (const SunTerm& term : terms) {
         total += term.amplitude * std::cos(term.phase + term.rate * millennia);
     }
     return total;

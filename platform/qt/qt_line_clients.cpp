@@ -21,7 +21,7 @@ constexpr qint64 mostUnsentBytes = 2048;
 /// The system keeps as little as it may, so that a slow client isn't told lines of minutes ago.
 constexpr int systemBufferBytes = 4096;
 constexpr qint64 mostHeardBytes = 65536;
-constexpr qint64 readAheadBytes = 4096;
+constexpr qint64 clientReadAheadBytes = 4096;
 constexpr auto betweenTries = 10s;
 
 QString textOf(const std::filesystem::path& path) {
@@ -119,7 +119,7 @@ void LineClients::welcome(Server& server) {
             device->deleteLater();
             continue;
         }
-        device->setReadBufferSize(readAheadBytes);
+        device->setReadBufferSize(clientReadAheadBytes);
         const int descriptor = static_cast<int>(device->socketDescriptor());
         setsockopt(descriptor, SOL_SOCKET, SO_SNDBUF, &systemBufferBytes, sizeof systemBufferBytes);
         connect(device, &QIODevice::bytesWritten, this, [this, device] { goOn(device); });
@@ -148,7 +148,7 @@ void LineClients::goOn(QIODevice* device) {
 void LineClients::hear(QIODevice* device) {
     Client* const client = find(device);
     if (client == nullptr) return;
-    client->heardBytes += device->skip(readAheadBytes);
+    client->heardBytes += device->skip(clientReadAheadBytes);
     if (client->heardBytes > mostHeardBytes) dismiss(device);
 }
 

@@ -36,6 +36,7 @@ struct RotatorLimits {
 };
 
 inline constexpr double wholeTurnDeg = 360.0;
+inline constexpr double halfTurnDeg = 180.0;
 
 /// So little beyond a limit is not worth a turn: the rotator waits at the limit.
 inline constexpr double limitSlackDeg = 1.0;

@@ -7,8 +7,6 @@ namespace vantrace {
 
 namespace {
 
-constexpr double halfTurnDeg = 180.0;
-
 /// How far beyond the limits an azimuth is.
 double excess(double azimuthDeg, const RotatorLimits& limits) {
     return std::max({0.0, limits.azimuthLeastDeg - azimuthDeg, azimuthDeg - limits.azimuthMostDeg});

@@ -7,8 +7,6 @@ namespace vantrace {
 
 namespace {
 
-constexpr double halfTurnDeg = 180.0;
-
 /// The costs of a way, each kind beyond all that the next ones can add up to.
 constexpr double unreachableCost = 1e9;
 constexpr double turnCost = 1e4;

@@ -12,8 +12,6 @@ namespace vantrace {
 namespace {
 
 constexpr std::array samplings{Sampling::nearest, Sampling::linear, Sampling::cubic};
-constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
-constexpr double infinity = std::numeric_limits<double>::infinity();
 
 Area whole(const Surface& surface) {
     return {0, 0, double(surface.width()), double(surface.height())};

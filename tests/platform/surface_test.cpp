@@ -8,8 +8,6 @@ namespace vantrace {
 namespace {
 
 constexpr Colour ink = 0x0000FF;
-constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
-constexpr double infinity = std::numeric_limits<double>::infinity();
 
 /// The pixels with the ink's colour, as rows of '#' and '.'.
 Texts inked(const Surface& surface) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <limits>
 #include <random>
 #include <span>
 #include <vector>
@@ -9,6 +10,9 @@
 #include "platform/surface.h"
 
 namespace vantrace {
+
+inline constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
+inline constexpr double infinity = std::numeric_limits<double>::infinity();
 
 inline std::size_t areaOf(int width, int height) {
     return static_cast<std::size_t>(width) * static_cast<std::size_t>(height);

@@ -10,7 +10,7 @@ namespace {
 const std::string name1 = "ISS (ZARYA)";
 const std::string line1 = "1 25544U 98067A   26233.53315667  .00008864  00000+0  16558-3 0  9995";
 const std::string line2 = "2 25544  51.6331 336.6713 0007673  69.9303 290.2511 15.49551867581884";
-const std::string lines = "\n" + line1 + "\n" + line2 + "\n";
+const std::string bothLines = "\n" + line1 + "\n" + line2 + "\n";
 
 Texts namesIn(std::string_view text) {
     Texts names;
@@ -19,7 +19,7 @@ Texts namesIn(std::string_view text) {
 }
 
 TEST(ElementReader, ReadsEveryFieldInTheEnginesUnits) {
-    const ReadElements read = readAll(name1 + lines);
+    const ReadElements read = readAll(name1 + bothLines);
     ASSERT_EQ(read.sets.size(), 1U);
     const ElementSet& set = read.sets.front();
     EXPECT_EQ(set.name, "ISS (ZARYA)");
@@ -38,10 +38,10 @@ TEST(ElementReader, ReadsEveryFieldInTheEnginesUnits) {
 
 TEST(ElementReader, TakesEveryFormOfLinesAndLineEnds) {
     for (const std::string& text :
-         {name1 + lines, name1 + "\r\n" + line1 + "\r\n" + line2 + "\r\n", name1 + "\r" + lines + "\r\n",
-          name1 + lines.substr(0, lines.size() - 1),
-          name1 + "             \r\n" + line1 + "  \r\n" + line2 + "   \r\n", "0 " + name1 + lines,
-          "   " + name1 + lines, "0   " + name1 + lines, "\xEF\xBB\xBF" + name1 + lines,
+         {name1 + bothLines, name1 + "\r\n" + line1 + "\r\n" + line2 + "\r\n",
+          name1 + "\r" + bothLines + "\r\n", name1 + bothLines.substr(0, bothLines.size() - 1),
+          name1 + "             \r\n" + line1 + "  \r\n" + line2 + "   \r\n", "0 " + name1 + bothLines,
+          "   " + name1 + bothLines, "0   " + name1 + bothLines, "\xEF\xBB\xBF" + name1 + bothLines,
           "# made today\n" + name1 + "\n# line 1\n" + line1 + "\n#\n" + line2 + "\n# end\n",
           "\n\n" + name1 + "\n\n" + line1 + "\n  \n" + line2 + "\n\n",
           name1 + "\n" + line1 + "\n" + line2 + "  0.0  1440.0  5.0\n"}) {
@@ -51,12 +51,13 @@ TEST(ElementReader, TakesEveryFormOfLinesAndLineEnds) {
 }
 
 TEST(ElementReader, CallsASetWithoutANameByItsNumber) {
-    EXPECT_EQ(namesIn(lines), Texts{"25544"});
+    EXPECT_EQ(namesIn(bothLines), Texts{"25544"});
     EXPECT_EQ(namesIn(withColumns(line1, 3, "B0001") + "\n" + withColumns(line2, 3, "B0001")),
               Texts{"110001"});
-    EXPECT_EQ(namesIn("0" + lines), Texts{"25544"}) << "a lonely 0 is no name";
-    EXPECT_EQ(namesIn("0   \r" + lines), Texts{"25544"});
-    EXPECT_EQ(namesIn("FIRST" + lines + lines), (Texts{"FIRST", "25544"})) << "no name is carried over";
+    EXPECT_EQ(namesIn("0" + bothLines), Texts{"25544"}) << "a lonely 0 is no name";
+    EXPECT_EQ(namesIn("0   \r" + bothLines), Texts{"25544"});
+    EXPECT_EQ(namesIn("FIRST" + bothLines + bothLines), (Texts{"FIRST", "25544"}))
+        << "no name is carried over";
 }
 
 TEST(ElementReader, KeepsNamesThatLookLikeTheStartOfALine) {
@@ -64,15 +65,15 @@ TEST(ElementReader, KeepsNamesThatLookLikeTheStartOfALine) {
          {std::string("1 HOPEFUL"), std::string("2 BE OR NOT 2 BE"), std::string("1"), std::string("00"),
           std::string("1998-067A"), std::string("2026 001 DEB"), std::string("\xC3\x89TOILE"),
           std::string(200, 'N')}) {
-        EXPECT_EQ(namesIn(name + lines), Texts{name});
+        EXPECT_EQ(namesIn(name + bothLines), Texts{name});
     }
 }
 
 TEST(ElementReader, LeavesOutSetsWhoseNamesHoldControlCharacters) {
     for (const std::string& name : {std::string("RED\x1b[31m"), std::string("BELL\a"), std::string("N\0L", 3),
                                     std::string("DEL\x7f")}) {
-        const ReadElements read = readAll(name + lines + "GOOD" + lines);
-        EXPECT_EQ(namesIn(name + lines + "GOOD" + lines), Texts{"GOOD"});
+        const ReadElements read = readAll(name + bothLines + "GOOD" + bothLines);
+        EXPECT_EQ(namesIn(name + bothLines + "GOOD" + bothLines), Texts{"GOOD"});
         ASSERT_EQ(read.remarks.size(), 1U);
         EXPECT_EQ(read.remarks.front().name, "");
         EXPECT_FALSE(read.remarks.front().used);
@@ -113,13 +114,13 @@ TEST(ElementReader, TellsDifferentNumbersInLines1And2AndUsesTheFirst) {
 }
 
 TEST(ElementReader, LeavesOutLonelyLinesAndGoesOn) {
-    const std::string good = "GOOD" + lines;
+    const std::string good = "GOOD" + bothLines;
     for (const auto& [text, line] : std::map<std::string, std::size_t>{
-             {"LOST\n" + line1 + "\n" + good, 2},   // line 1 before a name
-             {"LOST\n" + line1 + lines + good, 2},  // line 1 before a line 1
-             {good + "LOST\n" + line1 + "\n", 5},   // line 1 at the end
-             {"LOST\n" + line2 + "\n" + good, 2},   // line 2 behind a name
-             {good + line2 + "\n", 4},              // line 2 twice
+             {"LOST\n" + line1 + "\n" + good, 2},       // line 1 before a name
+             {"LOST\n" + line1 + bothLines + good, 2},  // line 1 before a line 1
+             {good + "LOST\n" + line1 + "\n", 5},       // line 1 at the end
+             {"LOST\n" + line2 + "\n" + good, 2},       // line 2 behind a name
+             {good + line2 + "\n", 4},                  // line 2 twice
          }) {
         const ReadElements read = readAll(text);
         ASSERT_EQ(read.remarks.size(), 1U) << text;
@@ -130,8 +131,8 @@ TEST(ElementReader, LeavesOutLonelyLinesAndGoesOn) {
 }
 
 TEST(ElementReader, TellsElementTextsFromOthersByTheirContent) {
-    for (const std::string& text :
-         {name1 + "\r" + lines, line2, "a preface\nof two lines\n" + line1, std::string("\0\1", 2) + lines}) {
+    for (const std::string& text : {name1 + "\r" + bothLines, line2, "a preface\nof two lines\n" + line1,
+                                    std::string("\0\1", 2) + bothLines}) {
         EXPECT_TRUE(looksLikeElementSets(text)) << text;
     }
     for (const std::string& text :

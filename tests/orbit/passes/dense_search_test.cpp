@@ -59,7 +59,7 @@ GeodeticPoint placeAt(double latitudeDeg, double longitudeDeg, double heightKm) 
     return {latitudeDeg * radiansPerDegree, longitudeDeg * radiansPerDegree, heightKm};
 }
 
-std::vector<GeodeticPoint> sites() {
+std::vector<GeodeticPoint> densePlaces() {
     return {placeAt(90.0, 0.0, 0.0),     placeAt(-90.0, 0.0, 2.8), placeAt(0.0, -78.5, 2.85),
             placeAt(-17.0, 180.0, 0.01), placeAt(52.0, 5.0, 0.01), placeAt(-33.9, 151.2, 0.05),
             placeAt(78.2, 15.4, 0.45),   placeAt(28.0, 86.9, 8.85)};
@@ -79,11 +79,12 @@ std::vector<DenseCrossing> toldCrossings(const PassSearchResult& result, const I
     return told;
 }
 
-void expectSamePasses(const ElementSet& elements, const std::vector<GeodeticPoint>& sites, double days) {
+void expectSamePasses(const ElementSet& elements, const std::vector<GeodeticPoint>& densePlaces,
+                      double days) {
     const Instant from = plusSeconds(elements.epoch, 20000.0);
     DensePath path(elements, from, days);
     Satellite satellite(elements);
-    for (const GeodeticPoint& site : sites) {
+    for (const GeodeticPoint& site : densePlaces) {
         SCOPED_TRACE(elements.name + " from latitude " + std::to_string(site.latitudeRad / radiansPerDegree) +
                      ", longitude " + std::to_string(site.longitudeRad / radiansPerDegree));
         SatelliteMover mover(satellite, from);
@@ -111,7 +112,7 @@ void expectSamePasses(const ElementSet& elements, const std::vector<GeodeticPoin
 class DenseSearch : public ::testing::TestWithParam<Orbit> {};
 
 TEST_P(DenseSearch, TellsTheSamePasses) {
-    expectSamePasses(shippedSet(GetParam().file, GetParam().name), sites(), 4.0);
+    expectSamePasses(shippedSet(GetParam().file, GetParam().name), densePlaces(), 4.0);
 }
 
 // Low perigees, gone through in minutes, seen from all over the earth.

@@ -10,7 +10,6 @@ namespace vantrace {
 namespace {
 
 const double noon = packDateTime({2026, 8, 21, 12, 0, 0});
-constexpr double secondDays = 1.0 / 86400.0;
 
 class NextPassTest : public ProgramTest {
   protected:
@@ -35,7 +34,7 @@ TEST_F(NextPassTest, TheRecordIsTheFirstThatRisesLaterThanNow) {
               "20260821120001 5 6 7 8");
     const auto record = nextPassRecord("20260821120001 5 6 7 8", noon, label);
     ASSERT_TRUE(record);
-    EXPECT_NEAR(record->riseUtc, noon + secondDays, 1e-9);
+    EXPECT_NEAR(record->riseUtc, noon + 1.0 / secondsPerDay, 1e-9);
 }
 
 TEST_F(NextPassTest, TheTwentiethIsKeptWhenAllArePast) {

@@ -52,10 +52,10 @@ TEST_F(SatcalcTest, GivesTheEnginesPositionInDegreesAndWestLongitude) {
 
 TEST_F(SatcalcTest, PhasesAreTheFractionOfTheOrbitToTwoDecimals) {
     calculate(station, false);
-    const double orbits = state.OrbitEngine->EngineOrbitPhase();
-    EXPECT_NEAR(state.SatPhase255, (orbits - std::floor(orbits)) * 255.0, 0.005);
+    const double count = state.OrbitEngine->EngineOrbitPhase();
+    EXPECT_NEAR(state.SatPhase255, (count - std::floor(count)) * 255.0, 0.005);
     EXPECT_NEAR(std::round(state.SatPhase255 * 100.0), state.SatPhase255 * 100.0, 1e-9);
-    EXPECT_EQ(state.SatPhase360, formatNumber((orbits - std::floor(orbits)) * 360.0, "0.00"));
+    EXPECT_EQ(state.SatPhase360, formatNumber((count - std::floor(count)) * 360.0, "0.00"));
     EXPECT_EQ(state.SatOrbitNumber, std::to_string(state.OrbitEngine->EngineOrbitNumber()));
 
     const double phase255 = state.SatPhase255;

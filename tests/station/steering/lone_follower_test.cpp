@@ -1,12 +1,9 @@
 #include "station/steering/lone_follower.h"
 
-#include "tests/support/testing.h"
+#include "tests/station/steering/steering_sky.h"
 
 namespace vantrace {
 namespace {
-
-constexpr RotatorLimits overlapping{0, 450, 0, 90};
-constexpr RotatorLimits plain{0, 360, 0, 90};
 
 Direction at(double azimuthDeg) {
     return {azimuthDeg - 360.0 * std::floor(azimuthDeg / 360.0), 30.0};

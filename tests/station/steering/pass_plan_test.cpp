@@ -5,9 +5,7 @@
 namespace vantrace {
 namespace {
 
-constexpr RotatorLimits plain{0, 360, 0, 90};
 constexpr RotatorLimits southStop{-180, 180, 0, 90};
-constexpr RotatorLimits overlapping{0, 450, 0, 90};
 constexpr RotatorLimits flipping{0, 360, 0, 180};
 constexpr RotatorLimits doubtful{-180, 450, 0, 90, true};
 constexpr RotatorLimits everything{-180, 540, 0, 180};

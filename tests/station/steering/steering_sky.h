@@ -8,6 +8,9 @@
 
 namespace vantrace {
 
+inline constexpr RotatorLimits plain{0, 360, 0, 90};
+inline constexpr RotatorLimits overlapping{0, 450, 0, 90};
+
 /// An engine over the element files that ship, at a site.
 class ShippedSky {
   public:
