@@ -173,21 +173,24 @@ std::int32_t elementEpochYear(std::string_view line1) {
     return 2000 + toInteger32(numberValue(year));
 }
 
-void FixGPSKeps(ProgramState& state, Services& services) {
+bool FixGPSKeps(ProgramState& state, Services& services) {
     ErrorLabel label(services, labels::mainFixGpsKeps);
     const std::filesystem::path file = dataFile(state, gpsFile);
     if (!FileExists(file)) {
-        return;
+        return false;
     }
+    bool isChanged = false;
     label.step([&] {
         const std::string text = readTextFile(file, elementFileLimitBytes);
         const std::optional<std::string> converted = withShortNames(text, label);
         if (converted && *converted != text) {
             replaceFile(file, *converted);
+            isChanged = true;
         }
     });
     // An earlier conversion that was cut short may have left its half-written file.
     label.step([&] { std::filesystem::remove(dataFile(state, gpsScratchFile)); });
+    return isChanged;
 }
 
 }  // namespace vantrace

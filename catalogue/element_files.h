@@ -41,7 +41,8 @@ std::int32_t elementEpochDay(std::string_view line1);
 std::int32_t elementEpochYear(std::string_view line1);
 
 /// Makes the names of gps-ops.txt short: "GPS BIIA-10 (PRN 32)" becomes "GPS PRN 32". The first "GPS " line
-/// without "(PRN" ends it all, the file as it was: so it works once. Lines that are no such names pass.
-void FixGPSKeps(ProgramState& state, Services& services);
+/// without "(PRN" ends it all, the file as it was: so it works once. Lines that are no such names pass. Tells
+/// whether the file is another one now.
+bool FixGPSKeps(ProgramState& state, Services& services);
 
 }  // namespace vantrace

@@ -44,7 +44,7 @@ void loadLandscape(HorizonSurfaces& surfaces, const ProgramState& state, Service
     label.step([&] {
         const std::string file = state.AppPath + GetConfig(services, settings::horizonFile) + ".jpg";
         if (FileExists(file)) surfaces.BackDrop = services.pictures.load(file);
-        surfaces.ground.forget();
+        surfaces.keptLandscape.forget();
     });
 }
 

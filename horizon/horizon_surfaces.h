@@ -1,8 +1,8 @@
 // The rasters of the window `Horizon`: what it paints from, and what it paints.
 #pragma once
 
-#include "core/frame_ground.h"
 #include "core/sprites.h"
+#include "horizon/kept_landscape.h"
 #include "platform/surface.h"
 
 namespace vantrace {
@@ -16,8 +16,7 @@ struct HorizonSurfaces : Sprites {
     /// The landscape: the whole circle of azimuth along its width, the horizon at its lower edge. The one of
     /// the design is an evening sky without a land.
     Surface BackDrop;
-    /// The landscape as it lies under the frame.
-    FrameGround ground;
+    KeptLandscape keptLandscape;
     /// The panorama that the user sees.
     Surface Final;
 };

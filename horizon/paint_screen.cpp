@@ -48,13 +48,8 @@ struct SkyFrame {
 
 void paintLandscape(const SkyFrame& frame) {
     Surface& Final = frame.Final();
-    const Surface& land = frame.surfaces.BackDrop;
     Final.clear();
-    const Area all(0, 0, Final.width(), Final.height());
-    const Area allLand(0, 0, land.width(), land.height());
-    frame.label.step([&] {
-        frame.surfaces.ground.lay(Final, land, 0, [&] { return Final.stretch(all, land, allLand); });
-    });
+    frame.label.step([&] { frame.surfaces.keptLandscape.paint(Final, frame.surfaces.BackDrop); });
 }
 
 void paintCompassWords(const SkyFrame& frame) {

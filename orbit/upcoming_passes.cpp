@@ -126,6 +126,10 @@ void say(Run& run, const ETARow& row, const char* what, int minutes) {
     Speak(run.services, SpokenName(row.Name) + what + MinutesText(toInteger16(minutes)));
 }
 
+std::string setText(const ETARow& row) {
+    return row.sets ? hoursAndMinutes(row.LOS) : "--:--";
+}
+
 void writeWaiting(Run& run, const ETARow& row) {
     constexpr int soonMinutes = 15;
     const DateParts distance = timeOfDay(row.AOS - run.now());
@@ -133,20 +137,16 @@ void writeWaiting(Run& run, const ETARow& row) {
     if (isSoon && run.speaks) say(run, row, " will be in range in ", distance.minute);
     run.target.append(isSoon ? soonColour : waitingColour, row.Name + "\t");
     run.target.append(riseColour, hoursAndMinutes(row.AOS) + "   ");
-    run.target.append(setColour, hoursAndMinutes(row.LOS) + "   \n");
+    run.target.append(setColour, setText(row) + "   \n");
 }
 
 void writeInRange(Run& run, const ETARow& row) {
     constexpr int soonMinutes = 3;
     run.target.append(inRangeColour, row.Name + "\t");
     run.target.append(riseColour, "NOW     ");
-    if (!row.sets) {
-        run.target.append(setColour, "--:--\n");
-        return;
-    }
-    run.target.append(setColour, hoursAndMinutes(row.LOS) + "\n");
+    run.target.append(setColour, setText(row) + "\n");
     const int minutes = timeOfDay(row.LOS - run.now()).minute;
-    if (run.speaks && minutes < soonMinutes) say(run, row, " will be out of range in ", minutes);
+    if (row.sets && run.speaks && minutes < soonMinutes) say(run, row, " will be out of range in ", minutes);
 }
 
 bool writeRows(Run& run) {

@@ -27,7 +27,10 @@ std::vector<std::string> knownFavourites(const CommandContext& context) {
     const FavouriteLines lines = readFavouriteLines(context.program.state());
     std::vector<std::string> known;
     const auto passOver = [&](std::string_view name) {
-        context.console().complain("the favourite " + inQuotes(trimmed(name)) + " is in no element file");
+        const bool isDamaged = context.engine().catalogue().mayHold(name);
+        context.console().complain(
+            "the favourite " + inQuotes(trimmed(name)) +
+            (isDamaged ? " has no element set that can be used" : " is in no element file"));
     };
     for (const std::string& name : lines.qualifying) {
         if (context.engine().catalogue().find(name) == nullptr) {

@@ -33,9 +33,10 @@ constexpr std::array skyColumns{
     Column{"next", "next, UTC", ValueForm::text},
 };
 
-/// "sets 10:21:30", "rises 24 Nov 03:10:00".
+/// "sets 10:21:30", "rises 24 Nov 03:10:00"; nothing where nobody could find out.
 std::string nextEvent(const SkyEntry& entry, const Instant& now) {
     const std::optional<Instant>& time = entry.isUp() ? entry.nextSet : entry.nextRise;
+    if (!time && !entry.isComplete) return {};
     if (!time) return entry.isUp() ? "stays up" : "stays down";
     return (entry.isUp() ? "sets " : "rises ") + shortTimeText(*time, now);
 }

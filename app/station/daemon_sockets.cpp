@@ -4,6 +4,8 @@
 #include <QTimer>
 #include <utility>
 
+#include "app/program/console.h"
+
 namespace vantrace {
 
 SocketTransport::SocketTransport(NetworkAddress address, RunningClock now)
@@ -57,7 +59,7 @@ void PrintedTransport::send(std::string_view bytes) {
     const bool isQuestion = command == "p" || command.starts_with('\\');
     if (!isQuestion) m_out << m_word << ": " << command << std::endl;
     // Nobody reads any more.
-    if (!m_out) QCoreApplication::quit();
+    if (!m_out) QCoreApplication::exit(exit_status::incomplete);
     later([this, isQuestion](DaemonSession& session) {
         session.received(isQuestion ? "RPRT -11\n" : "RPRT 0\n", m_now());
     });

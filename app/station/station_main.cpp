@@ -52,17 +52,6 @@ int stopRunning(const StationOptions& options, Console& console) {
     return exit_status::incomplete;
 }
 
-/// A mistake in the file of options keeps nobody from stopping a copy that read it when it was sound.
-StationOptions optionsToStop(const CommandLine& line, const std::vector<std::string>& arguments,
-                             const std::string& programFolder, Console& console) {
-    try {
-        return stationOptions(withFile(line, arguments, programFolder));
-    } catch (const std::exception& failure) {
-        console.err << "vantrace-station: " << printable(failure.what()) << "\n" << std::flush;
-        return stationOptions(line);
-    }
-}
-
 /// Each daemon takes orders from one program.
 std::deque<SingleCopy> locksOf(const StationOptions& options) {
     std::deque<SingleCopy> locks;
@@ -80,9 +69,8 @@ int steer(const CommandLine& line, const std::vector<std::string>& arguments,
     UnsavedSettings settings(surroundings.settings);
     Surroundings parts{surroundings.clock, settings, surroundings.format, folder};
     TextProgram program(parts, console, line.value("data"));
-    if (line.has("stop"))
-        return stopRunning(optionsToStop(line, arguments, program.state().AppPath, console), console);
     const StationOptions options = stationOptions(withFile(line, arguments, program.state().AppPath));
+    if (line.has("stop")) return stopRunning(options, console);
     const std::optional<Site> site = options.site ? std::optional(parseSite(*options.site)) : std::nullopt;
     const std::deque<SingleCopy> locks = locksOf(options);
     EnginePasses passes(program, site, [&] { surroundings.settings.refresh(); });

@@ -5,12 +5,10 @@
 #include <QFile>
 #include <QTimer>
 #include <algorithm>
-#include <array>
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
 #include <memory>
-#include <string_view>
 
 #include "app/ui/desktop_program.h"
 #include "core/version.h"
@@ -31,37 +29,52 @@ QString withoutFolder(QStringList arguments) {
     return arguments.join(QLatin1Char(' '));
 }
 
-/// Ends the process for "--help" and "--version". Whatever else nobody knows belongs to the command line in
-/// which the switches are looked for.
-DesktopArguments readArguments() {
-    QCommandLineParser parser;
-    parser.setApplicationDescription(QStringLiteral("Tracks satellites for one observer at one site."));
-    const QCommandLineOption data(QStringLiteral("data"), QStringLiteral("The program folder."),
-                                  QStringLiteral("DIR"));
-    parser.addOption(data);
-    const QCommandLineOption help = parser.addHelpOption();
-    const QCommandLineOption version = parser.addVersionOption();
-    parser.addPositionalArgument(
-        QStringLiteral("switches"),
-        QStringLiteral("Views to open: /WORLD for the map, /NWQ /NCQ /NEQ /SWQ /SCQ /SEQ for a region."),
-        QStringLiteral("[switches...]"));
-    parser.parse(QCoreApplication::arguments());
-    if (parser.isSet(help)) parser.showHelp();
-    if (parser.isSet(version)) parser.showVersion();
+/// The arguments that the tracker knows. Whatever else stands there belongs to the command line in which the
+/// switches are looked for.
+class ArgumentParser {
+  public:
+    ArgumentParser() {
+        m_parser.setApplicationDescription(QStringLiteral("Tracks satellites for one observer at one site."));
+        m_parser.addOption(m_data);
+        m_parser.addHelpOption();
+        m_parser.addVersionOption();
+        m_parser.addPositionalArgument(
+            QStringLiteral("switches"),
+            QStringLiteral("Views to open: /WORLD for the map, /NWQ /NCQ /NEQ /SWQ /SCQ /SEQ for a region."),
+            QStringLiteral("[switches...]"));
+    }
 
-    DesktopArguments arguments;
-    if (parser.isSet(data)) arguments.dataFolder = QFile::encodeName(parser.value(data)).toStdString();
-    arguments.commandLine = withoutFolder(QCoreApplication::arguments().mid(1)).toStdString();
-    return arguments;
-}
+    /// Whether nothing but a text is asked for, which needs no screen.
+    bool asksForText(int argc, char** argv) {
+        QStringList arguments;
+        for (int i = 0; i < argc; ++i) arguments.append(QString::fromLocal8Bit(argv[i]));
+        m_parser.parse(arguments);
+        return isHelpAsked() || isVersionAsked();
+    }
 
-/// Whether the arguments ask for nothing that needs a screen.
-bool asksForText(int argc, char** argv) {
-    constexpr std::array<std::string_view, 5> words{"-h", "--help", "--help-all", "-v", "--version"};
-    return std::any_of(argv + std::min(argc, 1), argv + argc, [&](std::string_view argument) {
-        return std::ranges::find(words, argument) != words.end();
-    });
-}
+    /// Of the application's arguments. Ends the process where a text is asked for.
+    DesktopArguments read() {
+        m_parser.parse(QCoreApplication::arguments());
+        if (isHelpAsked()) m_parser.showHelp();
+        if (isVersionAsked()) m_parser.showVersion();
+        DesktopArguments arguments;
+        if (m_parser.isSet(m_data)) {
+            arguments.dataFolder = QFile::encodeName(m_parser.value(m_data)).toStdString();
+        }
+        arguments.commandLine = withoutFolder(QCoreApplication::arguments().mid(1)).toStdString();
+        return arguments;
+    }
+
+  private:
+    bool isHelpAsked() const {
+        return m_parser.isSet(QStringLiteral("help")) || m_parser.isSet(QStringLiteral("help-all"));
+    }
+    bool isVersionAsked() const { return m_parser.isSet(QStringLiteral("version")); }
+
+    QCommandLineParser m_parser;
+    const QCommandLineOption m_data{QStringLiteral("data"), QStringLiteral("The program folder."),
+                                    QStringLiteral("DIR")};
+};
 
 /// Without a screen Qt would end the process with a dump of its memory.
 void endInOrder(QtMsgType type, const QMessageLogContext& /*context*/, const QString& text) {
@@ -69,11 +82,11 @@ void endInOrder(QtMsgType type, const QMessageLogContext& /*context*/, const QSt
     if (type == QtFatalMsg) std::_Exit(EXIT_FAILURE);
 }
 
-std::unique_ptr<QCoreApplication> makeApplication(int& argc, char** argv) {
+std::unique_ptr<QCoreApplication> makeApplication(int& argc, char** argv, bool needsScreen) {
     QCoreApplication::setApplicationName(QStringLiteral("vantrace"));
     QCoreApplication::setApplicationVersion(
         QString::fromUtf8(fullVersion.data(), static_cast<qsizetype>(fullVersion.size())));
-    if (asksForText(argc, argv)) return std::make_unique<QCoreApplication>(argc, argv);
+    if (!needsScreen) return std::make_unique<QCoreApplication>(argc, argv);
     const QtMessageHandler before = qInstallMessageHandler(endInOrder);
     std::unique_ptr<QCoreApplication> application = std::make_unique<QApplication>(argc, argv);
     qInstallMessageHandler(before);
@@ -83,12 +96,14 @@ std::unique_ptr<QCoreApplication> makeApplication(int& argc, char** argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    const std::unique_ptr<QCoreApplication> application = makeApplication(argc, argv);
+    ArgumentParser parser;
+    const std::unique_ptr<QCoreApplication> application =
+        makeApplication(argc, argv, !parser.asksForText(argc, argv));
     QApplication::setDesktopFileName(QStringLiteral("vantrace"));
     // The program ends when Main is unloaded: there are moments without any window.
     QApplication::setQuitOnLastWindowClosed(false);
     try {
-        const DesktopArguments arguments = readArguments();
+        const DesktopArguments arguments = parser.read();
         DesktopProgram program(arguments);
         // From inside the event loop, so that a program that ends at its start ends the loop.
         QTimer::singleShot(0, [&program] { program.start(); });

@@ -14,7 +14,6 @@
 #include "core/shell/status_panel.h"
 #include "core/texts.h"
 #include "core/view_words.h"
-#include "orbit/engine_access.h"
 #include "orbit/orbit_engine.h"
 
 namespace vantrace {
@@ -88,9 +87,12 @@ void Form_Activate(MainForm& form, ProgramState& state, Services& services) {
     if (!state.CommandLineDone) applySwitches(state, services, label);
     label.step([&] { dispatchNextView(state, services); });
     state.NextView.clear();
-    label.step([&] { FixGPSKeps(state, services); });
-    // The engine read the panel's files before their names were made short.
-    label.step([&] { engineOf(state).EngineSetKepPath(state.AppPath); });
+    label.step([&] {
+        // The engine has read the file before its names were made short. It is gone where the user has left.
+        if (FixGPSKeps(state, services) && state.OrbitEngine) {
+            state.OrbitEngine->EngineSetKepPath(state.AppPath);
+        }
+    });
     label.step([&] { services.windows.unload("frmSplash"); });
     label.step([&] {
         // A view that the command line asked for comes first.

@@ -117,10 +117,8 @@ void paintBackground(const MapFrame& frame) {
     const Area all(0, 0, Final.width(), Final.height());
     bool isPainted = false;
     frame.label.step([&] {
-        isPainted = frame.surfaces.ground.lay(Final, world, static_cast<int>(view), [&] {
-            return view == MapView::worldAlternative ? paintHalves(Final, world)
-                                                     : Final.stretch(all, world, sourceArea(view, world));
-        });
+        isPainted = view == MapView::worldAlternative ? paintHalves(Final, world)
+                                                      : Final.stretch(all, world, sourceArea(view, world));
     });
     if (isPainted) return;
     Final.clear();

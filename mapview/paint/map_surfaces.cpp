@@ -28,7 +28,6 @@ void loadSprites(MapSurfaces& surfaces, Services& services, double devicePixelsP
 void loadMapPicture(MapSurfaces& surfaces, const ProgramState& state, Services& services) {
     ErrorLabel label(services, labels::mapFormLoad);
     surfaces.WorldNormal = Surface();
-    surfaces.ground.forget();
     label.step([&] {
         const std::string file = state.AppPath + GetConfig(services, settings::mapFile) + ".jpg";
         if (FileExists(file)) surfaces.WorldNormal = services.pictures.load(file);

@@ -1,7 +1,6 @@
 // The rasters of the window `WorldView`: what it paints from, and what it paints.
 #pragma once
 
-#include "core/frame_ground.h"
 #include "core/sprites.h"
 #include "platform/surface.h"
 
@@ -17,8 +16,6 @@ struct MapSurfaces : Sprites {
     /// The map of the world, equirectangular, 180 degrees west at the left edge, north at the top. Without a
     /// pixel where none was loaded.
     Surface WorldNormal;
-    /// The map as it lies under the frame.
-    FrameGround ground;
     /// The sunlit part of the earth, of the size alphaSize.
     Surface Alpha;
     /// The frame that the user sees. Give it another size by resize(), which keeps its pen.

@@ -175,7 +175,8 @@ void ElementCatalogue::indexSet(const ElementSet& set, const ElementFile& file) 
 bool ElementCatalogue::mayHold(std::string_view name) const {
     return std::any_of(m_files.begin(), m_files.end(), [name](const auto& item) {
         const ElementFile& file = item.second->file;
-        return !file.failure.empty() || file.leftOutNames.find(name) != std::string::npos;
+        const bool isUnread = !file.failure.empty() && (file.holdsElements || file.name.ends_with(".txt"));
+        return isUnread || file.leftOutNames.find(name) != std::string::npos;
     });
 }
 

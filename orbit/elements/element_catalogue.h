@@ -46,7 +46,7 @@ class ElementCatalogue {
     const std::string& nameList() const { return m_nameList; }
 
     /// Whether the folder names the satellite although it can't be found: in a set that was left out, or,
-    /// for all that is known, in a file that could not be read.
+    /// for all that is known, in a file that could not be read (of unknown ones those that end in ".txt").
     bool mayHold(std::string_view name) const;
 
     /// By the trimmed name, with or without "0 " in front; failing that, as a name cut to 15 characters: the

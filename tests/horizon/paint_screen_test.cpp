@@ -51,6 +51,25 @@ std::string tenths(double value) {
     return result;
 }
 
+TEST_F(PaintScreenTest, AKeptLandscapeIsTheOneThatWouldBePaintedAnew) {
+    KeptLandscape kept;
+    const auto expectPainted = [&](int width, const Surface& land) {
+        Surface anew(width, 30);
+        anew.stretch({0, 0, 1.0 * width, 30}, land, {0, 0, 60, 20});
+        for (int frame = 0; frame < 2; ++frame) {
+            Surface final = noise(width, 30, 3);
+            kept.paint(final, land);
+            EXPECT_TRUE(std::ranges::equal(final.words(), anew.words())) << width << " " << frame;
+        }
+    };
+    Surface land = noise(60, 20, 1);
+    expectPainted(90, land);
+    expectPainted(91, land);
+    land = noise(60, 20, 2);
+    kept.forget();
+    expectPainted(91, land);
+}
+
 TEST_F(PaintScreenTest, SentencesOnSunAndMoonGoByTheirElevationsAndHoldTheirAngles) {
     surfaces.SunPic = surfaces.SunMask = surfaces.MoonPic = surfaces.MoonMask = Surface(30, 30);
     const auto sentence = [](const char* body, const TrackResult& track) {

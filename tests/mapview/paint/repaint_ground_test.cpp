@@ -52,19 +52,6 @@ TEST_F(GroundTest, NothingOfTheLastFrameIsLeft) {
     EXPECT_EQ(stretchErrors(), 0);
 }
 
-TEST_F(GroundTest, WhatIsKeptFromFrameToFrameIsTheSameAsPaintedAnew) {
-    surfaces.ground.forget();
-    const auto first = painted("worldnormal", 37, 19);
-    EXPECT_EQ(painted("worldnormal", 37, 19), first);
-    EXPECT_NE(painted("worldalt", 37, 19), first);
-    EXPECT_NE(painted("NWQ", 37, 19), first);
-    EXPECT_EQ(painted("worldnormal", 37, 19), first);
-    EXPECT_EQ(painted("worldnormal", 38, 19).size(), 38U * 19U);
-    surfaces.WorldNormal = ofOneColour(16, 8, ground);
-    surfaces.ground.forget();
-    EXPECT_EQ(painted("worldnormal", 38, 19), wordsOf(ofOneColour(38, 19, ground)));
-}
-
 TEST_F(GroundTest, WithoutAMapItIsBlackAndTheWholeWorldLogsIt) {
     surfaces.WorldNormal = Surface();
     const auto errors = [&](const char* view) {
