@@ -65,6 +65,7 @@ bool writeSky(const CommandContext& context, const std::vector<std::string>& nam
         return entry.place ? entry.place->elevationRad : -pi;
     });
     std::vector<Row> rows;
+    rows.reserve(entries.size());
     for (const SkyEntry& entry : entries) rows.push_back(skyRow(entry, now));
     context.console().out << "\nTHE SKY NOW\n\n";
     writeTable(skyColumns, rows, context.console().out);

@@ -21,7 +21,7 @@ struct HttpLimits {
     /// For one request.
     std::chrono::milliseconds whole{600'000};
     /// Of a body, unpacked.
-    std::int64_t bodyBytes = 64 * 1024 * 1024;
+    std::int64_t bodyBytes = std::int64_t{64} * 1024 * 1024;
 };
 
 /// Needs a QCoreApplication. Everything happens on a thread of its own, made at the first request.
