@@ -44,7 +44,7 @@ class clsSunrise {
   private:
     struct Month {
         std::string_view name;
-        int days;
+        int days = 0;
     };
 
     static bool IsLeapYear(int year);

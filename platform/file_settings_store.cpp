@@ -11,7 +11,7 @@ namespace vantrace {
 namespace {
 
 /// No settings of ours come near; what is longer is somebody else's file, or damage.
-constexpr std::size_t largestFileBytes = 4 * 1024 * 1024;
+constexpr std::size_t largestFileBytes = std::size_t{4} * 1024 * 1024;
 constexpr mode_t fileMode = 0600;
 constexpr mode_t folderMode = 0700;
 

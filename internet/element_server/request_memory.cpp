@@ -15,7 +15,7 @@ namespace vantrace {
 
 namespace {
 
-constexpr std::size_t longestMemoryBytes = 256 * 1024;
+constexpr std::size_t longestMemoryBytes = std::size_t{256} * 1024;
 constexpr std::size_t mostRequests = 1000;
 
 constexpr double hoursADay = 24;

@@ -84,7 +84,7 @@ void ServerRules::noteUnkept(const std::string& folder, const ElementRequest& re
 
 std::string ServerRules::consequence(const std::string& folder, const ElementRequest& request) {
     const auto wait = m_memory.waitFor(folder, request.url);
-    const std::string time = wait ? "; not asked again before " + toldTime(m_clock, wait->notBefore) : "";
+    std::string time = wait ? "; not asked again before " + toldTime(m_clock, wait->notBefore) : "";
     if (!m_stopped.contains(request.host)) return time;
     const std::string stop =
         "; the server " + request.host + " isn't asked again until the program is restarted";

@@ -56,7 +56,7 @@ std::optional<std::string> catalogNumberColumns(std::int64_t number) {
 std::string designatorColumns(std::string_view objectId) {
     constexpr std::string_view shape = "0000-000";
     constexpr std::size_t width = 8;
-    const std::string blanks(width, ' ');
+    std::string blanks(width, ' ');
     const std::string_view piece = objectId.substr(std::min(shape.size(), objectId.size()));
     if (piece.empty() || piece.size() > 3 || !std::ranges::all_of(piece, isCapital)) return blanks;
     for (std::size_t i = 0; i < shape.size(); ++i) {

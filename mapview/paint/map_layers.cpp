@@ -27,8 +27,8 @@ namespace {
 Area regionOf(const Surface& world, int leftFourths, int topHalves) {
     const double width = toInteger32(world.width() / 2.0);
     const double height = toInteger32(world.height() / 2.0);
-    const double left = leftFourths == 1 ? toInteger32(world.width() / 4.0) : leftFourths / 2 * width;
-    return {left, topHalves * height, width, height};
+    const double quarter = toInteger32(world.width() / 4.0);
+    return {leftFourths == 0 ? 0.0 : (leftFourths == 1 ? quarter : width), topHalves * height, width, height};
 }
 
 Area sourceArea(MapView view, const Surface& world) {
@@ -148,7 +148,8 @@ void paintBody(const MapFrame& frame, double latitude, double longitude, int siz
                const Surface& picture) {
     frame.label.step([&] {
         const Place place = mapPlace(frame, latitude, longitude);
-        paintSprite(frame.surfaces.Final, {place.x - size / 2, place.y - size / 2}, size, mask, picture);
+        const int half = size / 2;
+        paintSprite(frame.surfaces.Final, {place.x - half, place.y - half}, size, mask, picture);
     });
 }
 

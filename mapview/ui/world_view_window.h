@@ -48,7 +48,7 @@ class WorldView final : public FormWindow {
     QTimer* m_timer2;
     /// A frame soon after the window got another size, so that nobody looks at a stretched one for long.
     QTimer* m_refresh;
-    std::array<PaneLine*, remoteStatCount> RemoteStat;
+    std::array<PaneLine*, remoteStatCount> RemoteStat{};
 
     /// What of the form is on the controls.
     std::array<std::string, remoteStatCount> m_shownLines;

@@ -39,6 +39,8 @@ class LineClients final : public QObject {
   public:
     LineClients(LinePlaces places, std::shared_ptr<LineDesk> desk);
     ~LineClients() override;
+    LineClients(const LineClients&) = delete;
+    LineClients& operator=(const LineClients&) = delete;
 
     void tell(const std::string& line);
 

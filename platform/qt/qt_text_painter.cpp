@@ -106,11 +106,13 @@ void addHalo(TextCoverage& text, double devicePixelsPerPixel) {
     text.halo.assign(static_cast<std::size_t>(width) * static_cast<std::size_t>(text.height + 2 * margin), 0);
     for (int y = 0; y < text.height; ++y) {
         for (int x = 0; x < text.width; ++x) {
-            const double ink = text.coverage[static_cast<std::size_t>(y * text.width + x)];
+            const double ink =
+                text.coverage[static_cast<std::size_t>(y) * static_cast<std::size_t>(text.width) +
+                              static_cast<std::size_t>(x)];
             if (ink == 0) continue;
             const double* share = shares.data();
             for (int dy = 0; dy <= 2 * margin; ++dy) {
-                std::uint8_t* const row = text.halo.data() + (y + dy) * width + x;
+                std::uint8_t* const row = text.halo.data() + std::ptrdiff_t{width} * (y + dy) + x;
                 for (int dx = 0; dx <= 2 * margin; ++dx) {
                     row[dx] = std::max(row[dx], static_cast<std::uint8_t>(ink * *share++));
                 }

@@ -19,10 +19,12 @@ double lowestTurn(double azimuthDeg, const RotatorLimits& limits) {
 }  // namespace
 
 RotatorPosition LoneFollower::chosen(const Direction& direction, const RotatorLimits& limits) const {
-    double best = lowestTurn(direction.azimuthDeg, limits);
+    const double lowest = lowestTurn(direction.azimuthDeg, limits);
+    double best = lowest;
     double bestRoom = -std::numeric_limits<double>::max();
-    for (double azimuth = best - wholeTurnDeg; azimuth <= limits.azimuthMostDeg + wholeTurnDeg;
-         azimuth += wholeTurnDeg) {
+    for (int turns = -1;; ++turns) {
+        const double azimuth = lowest + turns * wholeTurnDeg;
+        if (!(azimuth <= limits.azimuthMostDeg + wholeTurnDeg)) break;
         const double beyond = excess(azimuth, limits);
         // Where no turn is within the limits, the least excess is best.
         const double room = beyond > 0.0 ? -beyond
