@@ -85,8 +85,8 @@ void Mreset_Click(Services& services) {
                                    "Reset Settings")) {
         return;
     }
-    // An open dialog may hold favourites or a job, which are no settings.
-    if (!mayEnd(services)) return;
+    // Favourites, places or a job in an open dialog are no settings.
+    if (!listsAreSaved(services)) return;
     services.settings.removeAll();
     services.dialogs.message("All Settings Reset, Vantrace will now restart");
     try {

@@ -1,7 +1,9 @@
 #include "core/shell/start_up.h"
 
+#include <algorithm>
 #include <array>
 #include <filesystem>
+#include <initializer_list>
 #include <memory>
 #include <stdexcept>
 #include <string>
@@ -129,6 +131,14 @@ void loadPlaces(ProgramState& state, Services& services) {
              labels::mainLoadAllSettings);
 }
 
+/// Unloads them one after the other; false where one of them stays.
+bool areUnloaded(std::initializer_list<const char*> editors, Services& services) {
+    return std::ranges::all_of(editors, [&](const char* editor) {
+        services.windows.unload(editor);
+        return !services.windows.isLoaded(editor);
+    });
+}
+
 }  // namespace
 
 void Form_Initialize(ProgramState& state, Services& services) {
@@ -200,13 +210,12 @@ void Timer1_Timer(MainForm& form, Services& services) {
     });
 }
 
+bool listsAreSaved(Services& services) {
+    return areUnloaded({"PassWizard", "frmCONGroups", "frmCONlocations"}, services);
+}
+
 bool mayEnd(Services& services) {
-    for (const char* const editor :
-         {"PassWizard", "frmCONmain", "frmCONGroups", "frmCONlocations", "frmCONUpdates"}) {
-        services.windows.unload(editor);
-        if (services.windows.isLoaded(editor)) return false;
-    }
-    return true;
+    return listsAreSaved(services) && areUnloaded({"frmCONmain", "frmCONUpdates"}, services);
 }
 
 void Form_QueryUnload(MainForm& form, Services& services) {

@@ -23,6 +23,9 @@ void LoadAllSettings(ProgramState& state, Services& services);
 /// One tick: the clock label.
 void Timer1_Timer(MainForm& form, Services& services);
 
+/// Closes the windows that hold favourites, groups, places or a job, which stores them; false where the user
+/// keeps a job that is in the wizard alone.
+bool listsAreSaved(Services& services);
 /// Whether the program may end: what is being edited is stored as its window closes, or lost. A window that
 /// stays keeps the program: a prediction job that the user doesn't give up, a place that can't be.
 bool mayEnd(Services& services);

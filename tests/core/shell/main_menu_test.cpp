@@ -49,8 +49,14 @@ TEST_F(MainMenuTest, ResetAsksFirstAndAlwaysEndsTheProcess) {
     WindowScript& wizard = fakeWindow("PassWizard");
     services.windows.show("PassWizard");
     wizard.staysOpen = true;
+    WindowScript& settings = fakeWindow("frmCONmain");
+    services.windows.show("frmCONmain");
+    settings.staysOpen = true;
     run("Mreset");
     EXPECT_EQ(fakes.process.ends.size(), 2U) << "the user wants the job in it";
+    wizard.staysOpen = false;
+    run("Mreset");
+    EXPECT_EQ(fakes.process.ends.size(), 3U) << "settings that can't be stored are none that one would miss";
 }
 
 TEST_F(MainMenuTest, AboutSpeechNeedsTheSettingToBeOne) {
